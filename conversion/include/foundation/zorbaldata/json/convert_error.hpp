@@ -1,0 +1,24 @@
+// The failures of the exported conversion functions themselves, as opposed to failures of the notation.
+#pragma once
+
+#include <foundation/zorbaldata/json/export.hpp>
+
+#include <stdexcept>
+
+namespace foundation::zorbaldata::json {
+
+/// Base of the failures that the exported conversion layer raises on its own account.
+class FOUNDATION_ZORBALDATA_JSON_API ConvertError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+    ~ConvertError() override;
+};
+
+/// The value handed to the conversion is Undefined or Null, which have no array form at the top.
+class FOUNDATION_ZORBALDATA_JSON_API InvalidInputJSONValue : public ConvertError {
+public:
+    InvalidInputJSONValue();
+    ~InvalidInputJSONValue() override;
+};
+
+} // namespace foundation::zorbaldata::json

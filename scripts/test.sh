@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs what is missing, then configures, builds and runs the whole suite under the default and the
+# asan presets, with warnings as errors. Meant for a fresh Debian 12 machine, run as root (or with sudo).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+packages=(g++ cmake ninja-build pkgconf libgtest-dev libgmock-dev libbenchmark-dev libboost-dev)
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+if ((${#missing[@]})); then
+  sudo=""; [ "$(id -u)" -eq 0 ] || sudo="sudo"
+  $sudo apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
+
+# Presets may be named on the command line; by default both that CI runs.
+presets=("$@")
+((${#presets[@]})) || presets=(default asan)
+for p in "${presets[@]}"; do
+  echo "=== $p"
+  cmake --preset "$p" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+  cmake --build --preset "$p"
+  ctest --preset "$p"
+done

@@ -1,0 +1,219 @@
+// Tests of Value: tags, key order, copying, moving, assigning, comparing and very deep trees.
+#include <foundation/json/value.hpp>
+
+#include <foundation/json/json_cast.hpp>
+#include <foundation/json/serialize.hpp>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+using namespace foundation::json;
+
+namespace {
+
+// The library refuses to guess a number alternative, or to take a null pointer as text.
+static_assert(!std::is_constructible_v<Value, int>);
+static_assert(!std::is_constructible_v<Value, std::nullptr_t>);
+
+Value nested_sample()
+{
+    return Object{{"list", Array{1.0, "two", Object{{"deep", Array{3LL}}}}}, {"name", "zq"}};
+}
+
+// One value of each alternative, in tag order, some owning memory.
+std::vector<Value> one_of_each()
+{
+    return {Value(), Null(), true, 2.5, "a string long enough to live on the heap", Array{1.0, Array{}},
+            nested_sample(), 1.5f, -3LL, 4ULL};
+}
+
+TEST(JsonValue, ConstructorsGiveTheirTags)
+{
+    struct Case {
+        char const* what;
+        Value value;
+        int tag;
+    };
+    static const Case cases[] = {
+        {"default", Value(), 0},
+        {"Undefined", Value(Undefined()), 0},
+        {"Null", Value(Null()), 1},
+        {"bool", Value(false), 2},
+        {"double", Value(1.0), 3},
+        {"std::string", Value(std::string("abc")), 4},
+        {"string literal", Value("abc"), 4},
+        {"string_view", Value(std::string_view("abc")), 4},
+        {"Array", Value(Array()), 5},
+        {"Object", Value(Object()), 6},
+        {"float", Value(1.0f), 7},
+        {"long long", Value(1LL), 8},
+        {"unsigned long long", Value(1ULL), 9},
+    };
+    for (Case const& c : cases)
+        EXPECT_EQ(c.value.which(), c.tag) << c.what;
+}
+
+TEST(JsonValue, ObjectIteratesInByteOrderOfKeys)
+{
+    struct Case {
+        std::vector<std::string> inserted;
+        std::vector<std::string> iterated;
+    };
+    static const Case cases[] = {
+        {{"zqtype", "zqdata", "zqsize"}, {"zqdata", "zqsize", "zqtype"}},
+        {{"b", "ab", "a"}, {"a", "ab", "b"}},
+        {{"\xC3\xA9", "z", "Z", ""}, {"", "Z", "z", "\xC3\xA9"}},
+    };
+    for (Case const& c : cases) {
+        Value value = Object();
+        for (std::string const& key : c.inserted)
+            json_cast<Object>(value)[key] = 1.0;
+        std::vector<std::string> keys;
+        for (auto const& member : json_cast<Object>(value))
+            keys.push_back(member.first);
+        EXPECT_EQ(keys, c.iterated);
+    }
+}
+
+TEST(JsonValue, MissingKeyInsertsUndefined)
+{
+    Value value = Object();
+    json_cast<Object>(value)["absent"];
+    EXPECT_EQ(json_cast<Object>(value).at("absent").which(), 0);
+}
+
+TEST(JsonValue, CopyIsIndependentOfOriginal)
+{
+    Value const original = nested_sample();
+    Value copy = original;
+    EXPECT_EQ(copy, original);
+    json_cast<Array>(json_cast<Object>(json_cast<Array>(json_cast<Object>(copy)["list"])[2])["deep"])[0] = 9LL;
+    json_cast<std::string>(json_cast<Object>(copy)["name"]) += "!";
+    EXPECT_NE(copy, original);
+    EXPECT_EQ(original, nested_sample());
+}
+
+TEST(JsonValue, SelfAssignmentChangesNothing)
+{
+    for (Value const& sample : one_of_each()) {
+        Value value = sample;
+        Value& alias = value;
+        value = alias;
+        EXPECT_EQ(value, sample);
+        value = std::move(alias);
+        EXPECT_EQ(value, sample);
+    }
+}
+
+// Moves leave their source Undefined.
+TEST(JsonValue, CopyAndMoveAcrossEveryPairOfAlternatives)
+{
+    std::vector<Value> const samples = one_of_each();
+    for (Value const& from : samples) {
+        Value source = from;
+        Value constructed(std::move(source));
+        EXPECT_EQ(source.which(), 0);
+        EXPECT_EQ(constructed, from);
+        for (Value const& to : samples) {
+            Value copied = to;
+            copied = from;
+            EXPECT_EQ(copied, from) << to.which() << " = " << from.which();
+            Value moved = to;
+            moved = std::move(copied);
+            EXPECT_EQ(copied.which(), 0);
+            EXPECT_EQ(moved, from) << to.which() << " = move " << from.which();
+        }
+    }
+}
+
+TEST(JsonValue, AssignmentFromInsideItsOwnTree)
+{
+    Value copied = nested_sample();
+    copied = json_cast<Object>(copied)["list"];
+    EXPECT_EQ(copied, json_cast<Object>(nested_sample()).at("list"));
+
+    Value moved = nested_sample();
+    moved = std::move(json_cast<Object>(moved)["name"]);
+    EXPECT_EQ(moved, Value("zq"));
+}
+
+TEST(JsonValue, Equality)
+{
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    struct Case {
+        char const* what;
+        Value a;
+        Value b;
+        bool equal;
+    };
+    static const Case cases[] = {
+        {"undefined", Value(), Undefined(), true},
+        {"null", Null(), Null(), true},
+        {"undefined is no null", Value(), Null(), false},
+        {"double is no float", 1.0, 1.0f, false},
+        {"int64 is no uint64", 1LL, 1ULL, false},
+        {"signed zeros", 0.0, -0.0, true},
+        {"NaN", nan, nan, false},
+        {"NaN in an array", Array{nan}, Array{nan}, false},
+        {"array sizes", Array{1.0}, Array{1.0, 1.0}, false},
+        {"array last element", Array{1.0, 2.0}, Array{1.0, 3.0}, false},
+        {"object keys", Object{{"a", 1.0}}, Object{{"b", 1.0}}, false},
+        {"nested object value", nested_sample(), Object{{"list", Array{1.0, "two", Object{{"deep", Array{4LL}}}}}, {"name", "zq"}}, false},
+        {"nested equal", nested_sample(), nested_sample(), true},
+        {"empty array is no empty object", Array(), Object(), false},
+    };
+    for (Case const& c : cases) {
+        EXPECT_EQ(c.a == c.b, c.equal) << c.what;
+        EXPECT_EQ(c.b == c.a, c.equal) << c.what;
+    }
+}
+
+constexpr int deep = 1'000'000;
+
+// A chain of `deep` containers, each holding the next: built by moving, as a reader would.
+Value deep_chain(bool objects)
+{
+    Value value = Array();
+    for (int level = 0; level < deep; ++level) {
+        // Not through initializer lists: those copy their elements.
+        if (objects) {
+            Object object;
+            object.emplace("k", std::move(value));
+            value = std::move(object);
+        } else {
+            Array array;
+            array.push_back(std::move(value));
+            value = std::move(array);
+        }
+    }
+    return value;
+}
+
+// The innermost container of a chain made by deep_chain.
+Value& innermost(Value& chain)
+{
+    Value* value = &chain;
+    for (int level = 0; level < deep; ++level)
+        value = value->which() == 5 ? &json_cast<Array>(*value)[0] : &json_cast<Object>(*value)["k"];
+    return *value;
+}
+
+TEST(JsonValue, MillionDeepTreesCopyCompareSerializeAndFree)
+{
+    for (bool const objects : {false, true}) {
+        Value const chain = deep_chain(objects);
+        Value copy = chain;
+        EXPECT_TRUE(copy == chain);
+        EXPECT_EQ(serialize(copy).size(), objects ? 6u * deep + 2 : 2u * deep + 2);
+        json_cast<Array>(innermost(copy)).push_back(Null());
+        EXPECT_FALSE(copy == chain);
+        Value moved_over = chain;
+        moved_over = std::move(copy);
+    }
+}
+
+} // namespace
