@@ -7,6 +7,7 @@
 #include <vector>
 
 namespace fj = foundation::json;
+namespace zd = foundation::zorbaldata;
 namespace zj = foundation::zorbaljson;
 
 int main()
@@ -17,6 +18,13 @@ int main()
     std::string const text = fj::serialize(doc);
     if (text != R"({"zqdata":[1,2],"zqsize":[1,2],"zqtype":"int32"})") {
         std::fprintf(stderr, "unexpected text: %s\n", text.c_str());
+        return 1;
+    }
+
+    zd::ArrayFactory factory;
+    zd::TypedArray<double> const scalar(zd::json::json_to_zorbaldata(fj::Value(1.5), factory));
+    if (scalar.getDimensions() != std::vector<unsigned long>{1, 1} || scalar[0] != 1.5) {
+        std::fprintf(stderr, "unexpected array\n");
         return 1;
     }
 

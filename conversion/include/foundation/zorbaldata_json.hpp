@@ -8,6 +8,10 @@
 #include <foundation/json/traits.hpp>
 #include <foundation/json/value.hpp>
 
+// Arrays, and the conversion from JSON to arrays.
+#include <foundation/zorbaldata.hpp>
+#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
+
 // Failures: of the conversion layer, of the notation, of the text conversion.
 #include <foundation/zorbaldata/json/convert_error.hpp>
 #include <frontend/detail/parse_error.hpp>

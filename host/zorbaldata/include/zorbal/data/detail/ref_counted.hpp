@@ -1,0 +1,38 @@
+// The intrusive reference count that every shared implementation object of the array library carries.
+#pragma once
+
+#include <foundation/zorbaldata/export.hpp>
+
+#include <atomic>
+
+namespace zorbal::data::detail {
+
+/// Base of every shared implementation object: arrays, objects, class records, handles, strings.
+/// A new object holds one reference, which belongs to whoever made it.
+class FOUNDATION_ZORBALDATA_API RefCounted {
+public:
+    RefCounted(RefCounted const&) = delete;
+    RefCounted& operator=(RefCounted const&) = delete;
+
+    /// Takes one more reference.
+    void addRef() const noexcept { count_.fetch_add(1, std::memory_order_relaxed); }
+
+    /// Drops one reference; the last one destroys the object.
+    void release() const noexcept
+    {
+        if (count_.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            delete this;
+    }
+
+    /// Whether another reference exists, so that a write must copy first.
+    bool isShared() const noexcept { return count_.load(std::memory_order_acquire) > 1; }
+
+protected:
+    RefCounted() noexcept = default;
+    virtual ~RefCounted();
+
+private:
+    mutable std::atomic<long> count_{1};
+};
+
+} // namespace zorbal::data::detail

@@ -1,0 +1,154 @@
+// The maker of every kind of array, object and handle.
+#include "access.hpp"
+#include "cell_array.hpp"
+#include "class_record.hpp"
+#include "enum_array_impl.hpp"
+#include "handle_array.hpp"
+#include "object_impl.hpp"
+#include "plain_array.hpp"
+#include "plain_types.hpp"
+#include "size_limits.hpp"
+#include "sparse_array_impl.hpp"
+#include "string_array.hpp"
+#include "struct_array_impl.hpp"
+#include "type_names.hpp"
+#include "value_handle.hpp"
+#include "value_object_array.hpp"
+
+#include <foundation/zorbaldata/array_factory.hpp>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace foundation::zorbaldata {
+
+namespace zd = zorbal::data::detail;
+
+namespace {
+
+void freeBuffer(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+zd::ClassRecord& recordOf(ClassInfo const& info)
+{
+    return *static_cast<zd::ClassRecord*>(detail::Access::record(info));
+}
+
+zd::Ref<zd::ClassRecord> heterogeneousClass()
+{
+    return zd::Ref<zd::ClassRecord>::adopt(
+        new zd::ClassRecord(ZorbalClassIdentifier(std::string(zd::heterogeneousClassName)), {}));
+}
+
+} // namespace
+
+void ArrayFactory::requireObjects(std::string const& className) const
+{
+    if (objects_ == Objects::NotSupported)
+        throw ObjectNotSupportedException("This array factory makes no objects.", className);
+}
+
+Array ArrayFactory::createArray(ArrayType type, std::vector<unsigned long> dimensions) const
+{
+    detail::requireKnownType(type);
+    if (detail::isPlainType(type))
+        return detail::Access::adopt(new zd::PlainArrayImpl(type, std::move(dimensions)));
+    if (detail::isSparseType(type))
+        return detail::Access::adopt(zd::makeSparseArray(type, std::move(dimensions), 0, zd::Buffer(nullptr, freeBuffer),
+                                                         zd::IndexBuffer(nullptr, freeBuffer),
+                                                         zd::IndexBuffer(nullptr, freeBuffer)));
+    switch (type) {
+    case ArrayType::STRING: return detail::Access::adopt(new zd::StringArrayImpl(std::move(dimensions)));
+    case ArrayType::CELL: return detail::Access::adopt(new zd::CellArrayImpl(std::move(dimensions)));
+    case ArrayType::STRUCT: return createStructArray(std::move(dimensions), {});
+    case ArrayType::VALUE_OBJECT: return createValueObjectArray(std::move(dimensions));
+    case ArrayType::HANDLE_OBJECT_REF: return detail::Access::adopt(new zd::HandleArrayImpl(std::move(dimensions)));
+    case ArrayType::ENUM: return createEnumArray(std::move(dimensions), std::string());
+    default: throw EArrayUnknownDataType();
+    }
+}
+
+CharArray ArrayFactory::createCharArray(std::u16string const& text) const
+{
+    CharArray array = createCharArray(text.empty() ? std::vector<unsigned long>{0, 0} : std::vector<unsigned long>{1, text.size()});
+    std::copy(text.begin(), text.end(), getWritableElements<char16_t>(array).begin());
+    return array;
+}
+
+CharArray ArrayFactory::createCharArray(std::vector<unsigned long> dimensions) const
+{
+    return CharArray(createArray(ArrayType::CHAR, std::move(dimensions)));
+}
+
+StructArray ArrayFactory::createStructArray(std::vector<unsigned long> dimensions, std::vector<std::string> fieldNames) const
+{
+    return StructArray(detail::Access::adopt(new zd::StructArrayImpl(std::move(dimensions), std::move(fieldNames))));
+}
+
+EnumArray ArrayFactory::createEnumArray(std::vector<unsigned long> dimensions, std::string className) const
+{
+    return EnumArray(detail::Access::adopt(new zd::EnumArrayImpl(std::move(dimensions), std::move(className))));
+}
+
+void ArrayFactory::createBuffer(void** data, void (**deleter)(void*), int type, unsigned long count) const
+{
+    auto const arrayType = static_cast<ArrayType>(type);
+    detail::requireKnownType(arrayType);
+    std::size_t const size =
+        detail::visitPlainType(arrayType, []<typename T>(std::type_identity<T>) { return sizeof(T); });
+    *data = detail::allocateUninitialized(count, size, [&] {
+        return "a buffer of " + std::to_string(count) + " " + std::string(detail::typeName(arrayType)) + " elements";
+    });
+    *deleter = freeBuffer;
+}
+
+Array ArrayFactory::createSparseArray(std::vector<unsigned long> dimensions, unsigned long nonZeros, ArrayType type,
+                                      std::unique_ptr<void, void (*)(void*)> data,
+                                      std::unique_ptr<unsigned long[], void (*)(void*)> rows,
+                                      std::unique_ptr<unsigned long[], void (*)(void*)> cols) const
+{
+    return detail::Access::adopt(
+        zd::makeSparseArray(type, std::move(dimensions), nonZeros, std::move(data), std::move(rows), std::move(cols)));
+}
+
+ClassInfo ArrayFactory::createClassInfo(ZorbalClassIdentifier const& identifier) const
+{
+    return createClassInfo(identifier, {});
+}
+
+ClassInfo ArrayFactory::createClassInfo(ZorbalClassIdentifier const& identifier,
+                                        std::vector<ZorbalPropertyIdentifier> const& properties) const
+{
+    return ClassInfo(new zd::ClassRecord(identifier, properties));
+}
+
+ValueObject ArrayFactory::createValueObject(ClassInfo const& classInfo) const
+{
+    zd::ClassRecord& record = recordOf(classInfo);
+    requireObjects(record.name());
+    return ValueObject(new zd::ObjectImpl(zd::Ref<zd::ClassRecord>::share(&record)));
+}
+
+ValueObjectArray ArrayFactory::createValueObjectArray(std::vector<unsigned long> dimensions) const
+{
+    requireObjects(std::string());
+    return ValueObjectArray(detail::Access::adopt(new zd::ValueObjectArrayImpl(std::move(dimensions), heterogeneousClass())));
+}
+
+ValueObjectArray ArrayFactory::createValueObjectArray(std::vector<unsigned long> dimensions, ClassInfo const& classInfo) const
+{
+    zd::ClassRecord& record = recordOf(classInfo);
+    requireObjects(record.name());
+    return ValueObjectArray(detail::Access::adopt(
+        new zd::ValueObjectArrayImpl(std::move(dimensions), zd::Ref<zd::ClassRecord>::share(&record))));
+}
+
+HandleObjectRef ArrayFactory::createHandleObjectRef(KVXID kvxId, long long objectId) const
+{
+    requireObjects(std::string());
+    return HandleObjectRef(new detail::ValueHandle(std::move(kvxId), objectId));
+}
+
+} // namespace foundation::zorbaldata

@@ -1,0 +1,84 @@
+// String arrays, and the references to their elements.
+#include "string_array.hpp"
+
+#include "type_names.hpp"
+
+#include <foundation/zorbaldata/exceptions.hpp>
+#include <foundation/zorbaldata/reference.hpp>
+
+#include <algorithm>
+
+namespace zorbal::data::detail {
+
+namespace fz = foundation::zorbaldata;
+
+StringArrayImpl::StringArrayImpl(std::vector<unsigned long> dimensions)
+    : ArrayImpl(fz::ArrayType::STRING, std::move(dimensions)),
+      slots_(count(), [this] { return fz::detail::arrayText(type(), this->dimensions()); })
+{
+}
+
+StringArrayImpl::StringArrayImpl(StringArrayImpl const& other)
+    : ArrayImpl(other), slots_(other.slots_, [this] { return fz::detail::arrayText(type(), dimensions()); })
+{
+}
+
+bool StringArrayImpl::sameContent(ArrayImpl const& other) const
+{
+    auto const& that = static_cast<StringArrayImpl const&>(other);
+    unsigned long const written = std::max(slots_.extent(), that.slots_.extent());
+    for (unsigned long i = 0; i < written; ++i) {
+        StringRecord const* a = at(i);
+        StringRecord const* b = that.at(i);
+        if (a != b && (!a || !b || a->text() != b->text()))
+            return false;
+    }
+    return true;
+}
+
+} // namespace zorbal::data::detail
+
+namespace foundation::zorbaldata {
+
+namespace {
+
+zorbal::data::detail::StringRecord const* record(zorbal::data::detail::ReferenceImpl const& place)
+{
+    return static_cast<zorbal::data::detail::StringArrayImpl const*>(place.owner)->at(place.index);
+}
+
+} // namespace
+
+bool Reference<zorbal::data::optional<std::u16string> const>::has_value() const
+{
+    return record(impl_) != nullptr;
+}
+
+Reference<zorbal::data::optional<std::u16string> const>::operator std::u16string() const
+{
+    auto const* text = record(impl_);
+    if (!text)
+        throw EMissingValue("The string element is missing.");
+    return text->text();
+}
+
+std::u16string_view Reference<zorbal::data::optional<std::u16string> const>::view() const
+{
+    auto const* text = record(impl_);
+    return text ? std::u16string_view(text->text()) : std::u16string_view();
+}
+
+zorbal::data::optional<std::u16string> Reference<zorbal::data::optional<std::u16string> const>::value() const
+{
+    auto const* text = record(impl_);
+    return text ? zorbal::data::optional<std::u16string>(text->text()) : zorbal::data::optional<std::u16string>();
+}
+
+void Reference<zorbal::data::optional<std::u16string>>::set(zorbal::data::optional<std::u16string> text) const
+{
+    auto* strings = static_cast<zorbal::data::detail::StringArrayImpl*>(impl_.owner);
+    strings->store(impl_.index, text ? new zorbal::data::detail::StringRecord(std::move(*text)) : nullptr);
+}
+
+} // namespace foundation::zorbaldata
+

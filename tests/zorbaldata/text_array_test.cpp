@@ -1,0 +1,99 @@
+// Char arrays, string arrays and enumeration arrays.
+#include "expect_throw.hpp"
+
+#include <foundation/zorbaldata.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace foundation::zorbaldata;
+
+namespace {
+
+ArrayFactory const factory;
+using OptionalText = zorbal::data::optional<std::u16string>;
+
+} // namespace
+
+TEST(CharArray, TextIsOneRow)
+{
+    CharArray const abc = factory.createCharArray(u"abc");
+    EXPECT_EQ(abc.getDimensions(), (std::vector<unsigned long>{1, 3}));
+    EXPECT_EQ(abc.toUTF16(), u"abc");
+    CharArray const empty = factory.createCharArray(u"");
+    EXPECT_EQ(empty.getDimensions(), (std::vector<unsigned long>{0, 0}));
+    EXPECT_EQ(empty.toUTF16(), u"");
+}
+
+TEST(CharArray, TextOfAMatrixIsInStorageOrder)
+{
+    // Rows abc and def, filled as a reader does from the text "adbecf".
+    CharArray matrix = factory.createCharArray(std::vector<unsigned long>{2, 3});
+    std::u16string const text = u"adbecf";
+    std::copy(text.begin(), text.end(), matrix.begin());
+    EXPECT_EQ(matrix.toUTF16(), text);
+    EXPECT_EQ(std::as_const(matrix)[1], u'd');
+}
+
+TEST(StringArray, MissingIsNotEmpty)
+{
+    TypedArray<OptionalText> strings = factory.createArray<OptionalText>({1, 3});
+    EXPECT_FALSE(std::as_const(strings)[0].has_value());
+    auto const range = getWritableElements<OptionalText>(strings);
+    auto it = range.begin();
+    detail::setElement<OptionalText>(it.getRef(), OptionalText(u"abc"));
+    it.increment();
+    detail::setElement<OptionalText>(it.getRef(), OptionalText(u""));
+
+    std::vector<std::string> read;
+    for (ZORBALStringReferenceExt const element : getReadOnlyElements<OptionalText>(strings)) {
+        std::u16string const text = element.has_value() ? std::u16string(element) : u"<missing>";
+        read.emplace_back(text.begin(), text.end());
+    }
+    EXPECT_EQ(read, (std::vector<std::string>{"abc", "", "<missing>"}));
+    EXPECT_EQ(std::as_const(strings)[0].view(), u"abc");
+    EXPECT_THROW_WHAT(std::u16string(std::as_const(strings)[2]), EMissingValue, "The string element is missing.");
+}
+
+TEST(StringArray, EqualityTellsMissingFromEmpty)
+{
+    TypedArray<OptionalText> a = factory.createArray<OptionalText>({1, 1});
+    TypedArray<OptionalText> b = factory.createArray<OptionalText>({1, 1});
+    EXPECT_EQ(a, b);
+    a[0] = OptionalText(u"");
+    EXPECT_NE(a, b);
+    b[0] = OptionalText(u"");
+    EXPECT_EQ(a, b);
+    a[0] = OptionalText();
+    EXPECT_NE(a, b);
+}
+
+TEST(EnumArray, MembersAreNamesOfTheClass)
+{
+    EnumArray colors = factory.createEnumArray({1, 3}, "pkg.Color");
+    EXPECT_EQ(colors.getClassName(), "pkg.Color");
+    int i = 0;
+    for (auto element : getWritableElements<Enumeration>(colors))
+        if (i++ < 2)
+            detail::setElement<std::string>(element, i == 1 ? "red" : "blue");
+
+    std::vector<std::string> names;
+    for (auto element : std::as_const(colors))
+        names.push_back(detail::castToString(element));
+    EXPECT_EQ(names, (std::vector<std::string>{"red", "blue", ""}));
+    EXPECT_EQ(Enumeration(std::as_const(colors)[1]), Enumeration("blue"));
+}
+
+TEST(EnumArray, EqualityComparesClassAndMembers)
+{
+    EnumArray a = factory.createEnumArray({1, 2}, "pkg.Color");
+    EnumArray b = factory.createEnumArray({1, 2}, "pkg.Color");
+    a[0] = "red";
+    b[0] = "red";
+    EXPECT_EQ(a, b);
+    b[1] = "red";
+    EXPECT_NE(a, b);
+    EXPECT_NE(factory.createEnumArray({1, 2}, "pkg.Color"), factory.createEnumArray({1, 2}, "pkg.Shade"));
+}
