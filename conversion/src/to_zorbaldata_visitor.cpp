@@ -1,17 +1,25 @@
-// The array builders of the conversion backend.
+// The array builders of the conversion backend, instantiated for every element type and range they serve.
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
+#include <frontend/detail/nested_element_iterator.hpp>
 #include <frontend/detail/parse_error.hpp>
+#include <frontend/detail/utf8_to_utf16.hpp>
 
 #include <foundation/zorbaldata/element_access.hpp>
+#include <foundation/zorbaldata/json/detail/fill_elements.hpp>
 #include <foundation/zorbaldata/typed_array.hpp>
 
 #include <algorithm>
+#include <complex>
 #include <utility>
 
 namespace foundation::zorbaldata::json::detail {
 
 namespace {
+
+using foundation::zorbaldata::detail::ElementType;
+using foundation::zorbaljson::IncompleteComplexData;
+using foundation::zorbaljson::MismatchedZQSize;
 
 // The array is made before the data are counted, so a size the factory refuses is reported first.
 template <typename T, typename Data>
@@ -20,7 +28,7 @@ Array create_filled(ArrayFactory const& factory, ArrayType type, std::vector<uns
 {
     Array array = factory.createArray(type, std::move(dimensions));
     if (data.size() != array.getNumberOfElements())
-        throw foundation::zorbaljson::MismatchedZQSize();
+        throw MismatchedZQSize();
     auto elements = getWritableElements<T>(array);
     std::copy(data.begin(), data.end(), elements.begin());
     return array;
@@ -44,5 +52,97 @@ Array to_zorbaldata_visitor::create_char_array(std::u16string const& text) const
 {
     return factory_.createCharArray(text);
 }
+
+template <typename T, typename Position>
+Array to_zorbaldata_visitor::create_real_array(std::vector<unsigned long> dimensions,
+    ConvertingIterator<T, Position> data, ConvertingIterator<T, Position> const end) const
+{
+    // The array is the only handle on its elements, so writing them copies nothing.
+    Array array = factory_.createArray(ElementType<T>::value, std::move(dimensions));
+    for (T& element : getWritableElements<T>(array)) {
+        if (data == end)
+            throw MismatchedZQSize();
+        element = *data;
+        ++data;
+    }
+    // Surplus data are found only here, so they are never converted.
+    if (data != end)
+        throw MismatchedZQSize();
+    return array;
+}
+
+template <typename T>
+Array to_zorbaldata_visitor::create_complex_array(
+    std::vector<unsigned long> dimensions, ConvertingIterator<T> data, ConvertingIterator<T> const end) const
+{
+    Array array = factory_.createArray(ElementType<std::complex<T>>::value, std::move(dimensions));
+    for (std::complex<T>& element : getWritableElements<std::complex<T>>(array)) {
+        // Both ends are looked for before either part of the element is read.
+        if (data == end)
+            throw MismatchedZQSize();
+        auto imaginary = data;
+        ++imaginary;
+        if (imaginary == end)
+            throw IncompleteComplexData();
+        T const real_part = *data;
+        T const imaginary_part = *imaginary;
+        element = std::complex<T>(real_part, imaginary_part);
+        data = ++imaginary;
+    }
+    if (data != end)
+        throw MismatchedZQSize();
+    return array;
+}
+
+Array to_zorbaldata_visitor::create_char_array(
+    std::vector<unsigned long> dimensions, std::string const& utf8) const
+{
+    Array array = factory_.createCharArray(std::move(dimensions));
+    std::u16string const text = foundation::zorbaljson::detail::utf8_to_utf16(utf8);
+    if (text.size() != array.getNumberOfElements())
+        throw MismatchedZQSize();
+    std::copy(text.begin(), text.end(), getWritableElements<char16_t>(array).begin());
+    return array;
+}
+
+Array to_zorbaldata_visitor::create_cell(ConvertingIterator<Array> data, ConvertingIterator<Array> const end,
+    std::vector<unsigned long> const& dimensions) const
+{
+    Array array = factory_.createArray(ArrayType::CELL, dimensions);
+    fill_elements<Array>(array, data, end, [](Reference<Array> const& element, Array value) {
+        foundation::zorbaldata::detail::setElement<Array>(element, std::move(value));
+    });
+    return array;
+}
+
+#define ZQ_INSTANTIATE_NUMERIC_BUILDERS(T)                                                                   \
+    template Array to_zorbaldata_visitor::create_real_array(                                                 \
+        std::vector<unsigned long>, ConvertingIterator<T>, ConvertingIterator<T>) const;                    \
+    template Array to_zorbaldata_visitor::create_complex_array(                                              \
+        std::vector<unsigned long>, ConvertingIterator<T>, ConvertingIterator<T>) const;
+
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(signed char)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(short)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(int)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(long long)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(unsigned char)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(unsigned short)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(unsigned int)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(unsigned long long)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(float)
+ZQ_INSTANTIATE_NUMERIC_BUILDERS(double)
+#undef ZQ_INSTANTIATE_NUMERIC_BUILDERS
+
+template Array to_zorbaldata_visitor::create_real_array(
+    std::vector<unsigned long>, ConvertingIterator<bool>, ConvertingIterator<bool>) const;
+
+// Small notation walks nested arrays for its double and logical elements.
+using foundation::zorbaljson::detail::NestedElementIterator;
+template <typename T>
+using NestedIterator = to_zorbaldata_visitor::ConvertingIterator<T, NestedElementIterator>;
+template Array to_zorbaldata_visitor::create_real_array(
+    std::vector<unsigned long>, NestedIterator<double>, NestedIterator<double>) const;
+template Array to_zorbaldata_visitor::create_real_array(
+    std::vector<unsigned long>, NestedIterator<bool>, NestedIterator<bool>) const;
 
 } // namespace foundation::zorbaldata::json::detail

@@ -99,7 +99,8 @@ INSTANTIATE_TEST_SUITE_P(AllClasses, ParseErrorCatalogue,
         row<ObjectNotSupportedException>("Object creation not supported."),
         row<MismatchInRefAndDataLength>(R"(There is a mismatch in the size of "zqdata" and "zqobjectID".)"),
         row<InvaildKVXID>("Handle array does not have a valid KVX ID."),
-        row<InvalidStringElemType>(R"(String array must contain JSON String, or {"zqdata":"missing"})")),
+        row<InvalidStringElemType>(R"(String array must contain JSON String, or {"zqdata":"missing"})"),
+        row<NestingTooDeep>("JSON nested deeper than 1000 levels cannot be read", 1000UL)),
     row_name);
 
 TEST(ParseErrorMembers, KeepArgumentsInOrder)

@@ -40,6 +40,7 @@ TEST(ParseResult, CodesKeepTheirNumbersAndDescriptions)
         {ExpectedColon, 18, "Expected a colon after an object key"},
         {UnexpectedEnd, 19, "Unexpected end of text"},
         {BadInteger, 20, "Expected a plain integer in typed integer data"},
+        {NestingTooDeep, 21, "Arrays and objects nested too deeply"},
     };
     std::set<std::string> distinct;
     for (Case const& c : cases) {
@@ -52,7 +53,7 @@ TEST(ParseResult, CodesKeepTheirNumbersAndDescriptions)
 
 TEST(ParseResult, NumbersThatAreNoCodeAreUnknown)
 {
-    for (int number : {-1, 21, 1000})
+    for (int number : {-1, 22, 1000})
         EXPECT_STREQ(get_parse_result_description(static_cast<ParseResult>(number)), "Unknown parse result");
 }
 

@@ -79,6 +79,15 @@ TEST(ArrayHandle, ValuesThatAreNoTypeAreRefused)
     EXPECT_EQ(EArrayUnknownDataType().code(), 8);
 }
 
+TEST(ArrayHandle, TypeNamesTellKindAndElement)
+{
+    EXPECT_EQ(getTypeName(ArrayType::DOUBLE), "double");
+    EXPECT_EQ(getTypeName(ArrayType::COMPLEX_UINT16), "complex uint16");
+    EXPECT_EQ(getTypeName(ArrayType::SPARSE_COMPLEX_SINGLE), "sparse complex single");
+    EXPECT_EQ(getTypeName(ArrayType::ENUM), "enumeration");
+    EXPECT_EQ(getTypeName(static_cast<ArrayType>(26)), "unknown");
+}
+
 TEST(ArrayHandle, TypeValuesAreFixed)
 {
     EXPECT_EQ(static_cast<int>(ArrayType::LOGICAL), 1);

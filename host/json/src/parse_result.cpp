@@ -29,6 +29,7 @@ char const* get_parse_result_description(ParseResult result) noexcept
     case ExpectedColon: return "Expected a colon after an object key";
     case UnexpectedEnd: return "Unexpected end of text";
     case BadInteger: return "Expected a plain integer in typed integer data";
+    case NestingTooDeep: return "Arrays and objects nested too deeply";
     }
     return "Unknown parse result";
 }

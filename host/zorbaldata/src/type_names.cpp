@@ -80,3 +80,12 @@ std::string arrayText(ArrayType type, std::vector<unsigned long> const& dimensio
 }
 
 } // namespace foundation::zorbaldata::detail
+
+namespace foundation::zorbaldata {
+
+std::string_view getTypeName(ArrayType type) noexcept
+{
+    return detail::typeName(type);
+}
+
+} // namespace foundation::zorbaldata

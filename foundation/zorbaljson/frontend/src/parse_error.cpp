@@ -214,4 +214,12 @@ InvalidStringElemType::InvalidStringElemType()
 
 InvalidStringElemType::~InvalidStringElemType() = default;
 
+NestingTooDeep::NestingTooDeep(unsigned long limit)
+    : ParseError("JSON nested deeper than " + std::to_string(limit) + " levels cannot be read")
+    , limit_(limit)
+{
+}
+
+NestingTooDeep::~NestingTooDeep() = default;
+
 } // namespace foundation::zorbaljson

@@ -30,6 +30,7 @@ enum ParseResult : int {
     ExpectedColon = 18,
     UnexpectedEnd = 19,
     BadInteger = 20,
+    NestingTooDeep = 21,
 };
 
 /// A one-line English description of result; "Unknown parse result" for a number that is no code.

@@ -1,6 +1,10 @@
 // The kinds of array, with the numeric values that hosts exchange and store.
 #pragma once
 
+#include <foundation/zorbaldata/export.hpp>
+
+#include <string_view>
+
 namespace foundation::zorbaldata {
 
 /// The type of an array. The values are fixed and never change; 26 and 33 to 35 are no type.
@@ -39,5 +43,9 @@ enum class ArrayType : int {
     SPARSE_SINGLE = 36,
     SPARSE_COMPLEX_SINGLE = 37,
 };
+
+/// How messages and tools name a type: "double", "complex int8", "sparse logical", "cell", "value
+/// object", "handle object", "enumeration"...; "unknown" for a value that is no ArrayType.
+FOUNDATION_ZORBALDATA_API std::string_view getTypeName(ArrayType type) noexcept;
 
 } // namespace foundation::zorbaldata

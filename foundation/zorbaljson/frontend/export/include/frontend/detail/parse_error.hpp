@@ -251,4 +251,17 @@ public:
     ~InvalidStringElemType() override;
 };
 
+/// A tree nested deeper than the readers descend: arrays and objects inside each other beyond the limit
+/// that the text reader also keeps, so only a tree that a caller built can reach it.
+class FOUNDATION_ZORBALDATA_JSON_API NestingTooDeep : public ParseError {
+public:
+    explicit NestingTooDeep(unsigned long limit);
+    ~NestingTooDeep() override;
+
+    unsigned long limit() const noexcept { return limit_; }
+
+private:
+    unsigned long limit_;
+};
+
 } // namespace foundation::zorbaljson

@@ -1,0 +1,185 @@
+// Generators of the benchmark documents.
+#include "documents.hpp"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <random>
+#include <system_error>
+
+namespace zq::bench {
+namespace {
+
+// mt19937_64's output is fixed by the standard, unlike the library's distributions, so the
+// numbers below are derived from its raw bits to give the same documents on every toolchain.
+class Bits {
+public:
+    explicit Bits(std::uint64_t seed) : engine_(seed) {}
+
+    std::uint64_t next() { return engine_(); }
+
+    // The modulo bias is far below anything a benchmark can notice.
+    std::uint64_t below(std::uint64_t n) { return next() % n; }
+
+    // Uniform in [0, 1), all 53 bits of the significand random.
+    double unit() { return static_cast<double>(next() >> 11) * 0x1.0p-53; }
+
+private:
+    std::mt19937_64 engine_;
+};
+
+template <class Number>
+void append_number(std::string& out, Number n)
+{
+    std::array<char, 32> buffer;
+    auto const [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), n);
+    (void)error; // 32 characters hold any double or int64.
+    out.append(buffer.data(), end);
+}
+
+// Mostly values of everyday size, whose shortest forms run to 16 or 17 digits; one in ten has a
+// large binary exponent, so the reader also meets long exponents, both signs of them.
+double mixed_double(Bits& bits)
+{
+    auto const kind = bits.below(20);
+    if (kind > 1)
+        return (bits.unit() * 2.0 - 1.0) * 1e6;
+    double const significand = (bits.next() & 1) ? -(1.0 + bits.unit()) : 1.0 + bits.unit();
+    int const exponent = 60 + static_cast<int>(bits.below(940));
+    return std::ldexp(significand, kind == 0 ? -exponent : exponent);
+}
+
+void append_short_string(std::string& out, Bits& bits)
+{
+    static constexpr std::string_view alphabet = "abcdefghijklmnopqrstuvwxyz0123456789";
+    out += '"';
+    auto const length = 3 + bits.below(8);
+    for (std::uint64_t i = 0; i < length; ++i) {
+        if (i == 1) {
+            // A few strings leave the reader's plain-byte path, as real names and labels do.
+            auto const special = bits.below(32);
+            if (special == 0)
+                out += "\\\"";
+            else if (special == 1)
+                out += "\xC3\xA9";
+        }
+        out += alphabet[bits.below(alphabet.size())];
+    }
+    out += '"';
+}
+
+template <class AppendElement>
+std::string large_form(std::size_t count, std::string_view type, std::size_t bytes_per_element,
+                       AppendElement append_element)
+{
+    std::string out;
+    out.reserve(count * bytes_per_element + 64);
+    out += "{\"zqdata\":[";
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i != 0)
+            out += ',';
+        append_element(out);
+    }
+    out += "],\"zqsize\":[1,";
+    append_number(out, count);
+    out += "],\"zqtype\":\"";
+    out += type;
+    out += "\"}";
+    return out;
+}
+
+} // namespace
+
+std::string large_form_doubles(std::size_t count)
+{
+    Bits bits(1);
+    return large_form(count, "double", 24, [&](std::string& out) { append_number(out, mixed_double(bits)); });
+}
+
+std::string large_form_int64(std::size_t count)
+{
+    Bits bits(2);
+    return large_form(count, "int64", 20, [&](std::string& out) {
+        append_number(out, static_cast<std::int64_t>(bits.next()) >> bits.below(64));
+    });
+}
+
+std::string nested_rows(std::size_t rows, std::size_t columns)
+{
+    Bits bits(3);
+    std::string out;
+    out.reserve(rows * columns * 24 + rows * 3 + 2);
+    out += '[';
+    for (std::size_t r = 0; r < rows; ++r) {
+        if (r != 0)
+            out += ',';
+        out += '[';
+        for (std::size_t c = 0; c < columns; ++c) {
+            if (c != 0)
+                out += ',';
+            append_number(out, mixed_double(bits));
+        }
+        out += ']';
+    }
+    out += ']';
+    return out;
+}
+
+std::string short_strings(std::size_t count)
+{
+    Bits bits(4);
+    std::string out;
+    out.reserve(count * 12 + 2);
+    out += '[';
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i != 0)
+            out += ',';
+        append_short_string(out, bits);
+    }
+    out += ']';
+    return out;
+}
+
+std::string records(std::size_t count)
+{
+    Bits bits(5);
+    std::string out;
+    out.reserve(count * 96 + 2);
+    out += '[';
+    for (std::size_t i = 0; i < count; ++i) {
+        out += i == 0 ? "{\"id\":" : ",{\"id\":";
+        append_number(out, i + 1);
+        out += ",\"name\":";
+        append_short_string(out, bits);
+        // x takes few digits, like a setting; y all of them, like a measurement.
+        out += ",\"x\":";
+        append_number(out, static_cast<double>(static_cast<std::int64_t>(bits.below(8001)) - 4000) * 0.25);
+        out += ",\"y\":";
+        append_number(out, (bits.unit() * 2.0 - 1.0) * 1e3);
+        out += (bits.next() & 1) ? ",\"ok\":true" : ",\"ok\":false";
+        out += ",\"tag\":\"t";
+        append_number(out, bits.below(8));
+        out += "\"}";
+    }
+    out += ']';
+    return out;
+}
+
+std::string const& document(DocumentId id)
+{
+    static std::array<std::string, 5> texts;
+    auto& text = texts[static_cast<std::size_t>(id)];
+    if (text.empty()) {
+        switch (id) {
+        case DocumentId::large_double: text = large_form_doubles(3'000'000); break;
+        case DocumentId::large_int64: text = large_form_int64(3'000'000); break;
+        case DocumentId::rows_double: text = nested_rows(1'000, 3'000); break;
+        case DocumentId::strings: text = short_strings(1'000'000); break;
+        case DocumentId::records: text = records(100'000); break;
+        }
+    }
+    return text;
+}
+
+} // namespace zq::bench

@@ -1,0 +1,31 @@
+// The builder of string arrays: UTF-8 text of the JSON tree to optional UTF-16 elements.
+#include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
+
+#include <frontend/detail/utf8_to_utf16.hpp>
+
+#include <foundation/zorbaldata/element_access.hpp>
+#include <foundation/zorbaldata/json/detail/fill_elements.hpp>
+
+#include <utility>
+
+namespace foundation::zorbaldata::json::detail {
+
+Array to_zorbaldata_visitor::create_string(ConvertingIterator<boost::optional<std::string const&>> data,
+    ConvertingIterator<boost::optional<std::string const&>> const end,
+    std::vector<unsigned long> const& dimensions) const
+{
+    using Element = zorbal::data::optional<std::u16string>;
+    Array array = factory_.createArray(ArrayType::STRING, dimensions);
+    // The text is read in place from the tree; the UTF-16 string is the one allocation of an element,
+    // and it moves into the array.
+    fill_elements<Element>(
+        array, data, end, [](Reference<Element> const& element, boost::optional<std::string const&> text) {
+            Element value;
+            if (text)
+                value = foundation::zorbaljson::detail::utf8_to_utf16(*text);
+            foundation::zorbaldata::detail::setElement<Element>(element, std::move(value));
+        });
+    return array;
+}
+
+} // namespace foundation::zorbaldata::json::detail

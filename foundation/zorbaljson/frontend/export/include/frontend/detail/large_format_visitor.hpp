@@ -1,0 +1,95 @@
+// The readers of the large notation, one overload for each array kind, over one object being read.
+#pragma once
+
+#include <frontend/detail/types.hpp>
+
+#include <foundation/json/value.hpp>
+#include <foundation/zorbaldata/array.hpp>
+
+#include <vector>
+
+namespace foundation::zorbaljson::detail {
+
+/// One large-form object ("zqtype", "zqsize", "zqdata") whose kind is known, read through the backend
+/// B. It refers into the JSON tree, which must outlive it, and owns only the dimensions.
+/// dispatch_on_ZorbalType calls the overload of the kind. Each reader reads "zqdata" first, then its
+/// flags ("zqcomplex", then "zqsparse"), then makes the array and converts the elements into it.
+template <typename B>
+class zorbal_json_large_format_visitor {
+public:
+    using Array = foundation::zorbaldata::Array;
+
+    /// Reads the dimensions from size, the list at "zqsize": each a whole number in the double
+    /// alternative, from 0 to below 2^64, and at least two of them. Their product is not checked here.
+    /// @throws InvalidZQSize "\"zqsize\" must be an array of 2 or more positive integers" otherwise.
+    zorbal_json_large_format_visitor(foundation::json::Object const& object,
+        foundation::json::Value const& data, foundation::json::Array const& size, B& backend);
+
+    /// A real or complex numeric array: "zqdata" holds one JSON value for each element in storage order,
+    /// or for "zqcomplex" true two, real part first. Elements read as json2num reads them; complex parts
+    /// of float and double refuse the plain strings "NaN", "Inf" and "-Inf".
+    /// @throws InvalidZQDataType when "zqdata" is no JSON array (after a log line); InvalidPropertyType
+    /// when a flag is no boolean; InvalidZQTypeForSparse for a sparse integer array; then the failures of
+    /// the builders and of json2num.
+    template <NumericZorbalTypeTag Tag>
+    Array operator()(Tag) const;
+
+    /// A logical array: "zqdata" holds a JSON boolean for each element; "zqcomplex" is not read.
+    /// @throws InvalidZQDataType, InvalidPropertyType for "zqsparse", InvalidLogicalElem for the first
+    /// element that is no boolean, MismatchedZQSize.
+    Array operator()(ZorbalTypeTag<ZorbalLogical>) const;
+
+    /// A char array: "zqdata" holds exactly one string, the code units in storage order; no flag is read.
+    /// @throws InvalidZQDataType; InvalidCharArrayZQData when the list is not one string; then as
+    /// to_zorbaldata_visitor::create_char_array.
+    Array operator()(ZorbalTypeTag<ZorbalChar>) const;
+
+    /// A cell array: each entry of "zqdata" is any JSON value, converted as a whole document would be,
+    /// with the same backend.
+    /// @throws InvalidZQDataType; what an entry's conversion throws, unchanged; MismatchedZQSize after
+    /// the loop.
+    Array operator()(ZorbalTypeTag<ZorbalCell>) const;
+
+    /// A struct array: "zqdata" is an object with one key for each field, in key order, and a list of
+    /// element values under each; the lists, taken end to end, fill the fields one after the other.
+    /// Each value is converted as a whole document would be, with the same backend.
+    /// @throws InvalidZQDataType when "zqdata" is no JSON object; the "invalid conversion: "
+    /// std::runtime_error when a field's value is no JSON array (for the first field before the array
+    /// is made); then as to_zorbaldata_visitor::create_struct.
+    Array operator()(ZorbalTypeTag<ZorbalStruct>) const;
+    /// An enumeration array of the class named in "zqtype": each entry of "zqdata" is a member's name.
+    /// @throws InvalidZQDataType when "zqdata" is no JSON array; the "invalid conversion: "
+    /// std::runtime_error for the first entry that is no string; MismatchedZQSize after the loop.
+    Array operator()(ZorbalTypeTag<ZorbalEnum>) const;
+    /// A string array: each entry of "zqdata" is a JSON string, or {"zqdata":"missing"} (other keys
+    /// ignored) for a missing element.
+    /// @throws InvalidZQDataType when "zqdata" is no JSON array; for the first bad entry, the
+    /// "invalid conversion: " std::runtime_error of an entry that is neither string nor object,
+    /// std::runtime_error "zqdata field not found" or "Expected a data inside special float objects to
+    /// be a string", InvalidStringElemType for another word than "missing", yx::i18n::CvtInvalidCharacter
+    /// for text that is no UTF-8; MismatchedZQSize after the loop.
+    Array operator()(ZorbalTypeTag<ZorbalString>) const;
+    /// Value objects (handle false) and handle objects (handle true).
+    /// @throws std::runtime_error "Value object arrays are not read yet" or "Handle object arrays are not
+    /// read yet".
+    Array object_helper(bool handle) const;
+
+private:
+    /// A sparse array of T (float, double or bool) from the lists in "zqdata": rows, columns and, but
+    /// for logical arrays, values (for complex two for each element, real part first). Indices are
+    /// doubles, truncated, and go to the factory as they are.
+    /// @throws InvalidSparseArray for a wrong number of lists; the "invalid conversion: "
+    /// std::runtime_error when the row list of a numeric kind is no list, CannotCastToArray when another
+    /// list is none; MismatchInRowColDataArraySize when their lengths differ; InvalidZQDataForSparse
+    /// with the element's failure for the first index or value that cannot be read; then the factory's
+    /// exceptions, such as EIndexOutOfRange.
+    template <typename T>
+    Array read_sparse(foundation::json::Array const& list, bool complex) const;
+
+    foundation::json::Object const& object_;
+    foundation::json::Value const& data_;
+    std::vector<unsigned long> dims_;
+    B* backend_;
+};
+
+} // namespace foundation::zorbaljson::detail

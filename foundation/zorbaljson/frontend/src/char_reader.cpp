@@ -1,0 +1,27 @@
+// The reader of char arrays: one string of code units, shaped by "zqsize" alone.
+#include <frontend/detail/large_format_visitor.hpp>
+
+#include <frontend/detail/parse_error.hpp>
+#include <frontend/detail/read_data.hpp>
+
+#include <foundation/json/json_cast.hpp>
+#include <foundation/json/traits.hpp>
+#include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
+
+#include <string>
+
+namespace foundation::zorbaljson::detail {
+
+template <typename B>
+foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(ZorbalTypeTag<ZorbalChar>) const
+{
+    foundation::json::Array const& list = read_data_array(data_, ZorbalTypeTraits<ZorbalChar>::name);
+    if (list.size() != 1 || list.front().which() != foundation::json::traits<std::string>::which)
+        throw InvalidCharArrayZQData();
+    return backend_->create_char_array(dims_, foundation::json::json_cast<std::string>(list.front()));
+}
+
+using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
+template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalChar>) const;
+
+} // namespace foundation::zorbaljson::detail

@@ -1,0 +1,59 @@
+// The large-format visitor: the dimensions from "zqsize", and the object kinds that are not read yet.
+#include <frontend/detail/large_format_visitor.hpp>
+
+#include <frontend/detail/parse_error.hpp>
+
+#include <foundation/json/json_cast.hpp>
+#include <foundation/json/traits.hpp>
+#include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
+
+#include <cmath>
+#include <stdexcept>
+
+namespace foundation::zorbaljson::detail {
+
+namespace {
+
+// Every fault of the size has the one failure, whatever it is.
+std::vector<unsigned long> read_dimensions(foundation::json::Array const& size)
+{
+    std::vector<unsigned long> dims;
+    dims.reserve(size.size());
+    for (foundation::json::Value const& entry : size) {
+        if (entry.which() != foundation::json::traits<double>::which)
+            throw InvalidZQSize();
+        double const extent = foundation::json::json_cast<double>(entry);
+        // modf gives a NaN a fraction of NaN and -0.0 one of 0, so NaN fails and -0.0 is 0; an infinity
+        // has no fraction but fails the range.
+        double whole;
+        if (std::modf(extent, &whole) != 0.0 || extent <= -1.0 || extent >= 18446744073709551616.0)
+            throw InvalidZQSize();
+        dims.push_back(static_cast<unsigned long>(extent));
+    }
+    if (dims.size() < 2)
+        throw InvalidZQSize();
+    return dims;
+}
+
+} // namespace
+
+template <typename B>
+zorbal_json_large_format_visitor<B>::zorbal_json_large_format_visitor(foundation::json::Object const& object,
+    foundation::json::Value const& data, foundation::json::Array const& size, B& backend)
+    : object_(object)
+    , data_(data)
+    , dims_(read_dimensions(size))
+    , backend_(&backend)
+{
+}
+
+template <typename B>
+foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::object_helper(bool handle) const
+{
+    throw std::runtime_error(
+        handle ? "Handle object arrays are not read yet" : "Value object arrays are not read yet");
+}
+
+template class zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
+
+} // namespace foundation::zorbaljson::detail

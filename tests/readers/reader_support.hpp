@@ -1,0 +1,88 @@
+// What the reader tests share: reading JSON text, element values as exact bits, and table rows.
+#pragma once
+
+#include "expect_throw.hpp"
+
+#include <foundation/json/value.hpp>
+#include <foundation/zorbaldata.hpp>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zq::test {
+
+namespace zd = foundation::zorbaldata;
+namespace fj = foundation::json;
+using Dims = std::vector<unsigned long>;
+
+// The array that the JSON text describes, through the library's text entry.
+zd::Array read(std::string const& json);
+
+// The array of a value tree, for trees that JSON text cannot express.
+zd::Array read_tree(fj::Value const& value);
+
+// A large form: {"zqtype":type,"zqsize":size,"zqdata":data} and further members.
+fj::Value large_form(
+    std::string const& type, std::vector<double> const& size, fj::Value data, fj::Object further = {});
+
+// The bit patterns of the values, so that comparisons tell NaN signs and -0.0 apart.
+std::vector<std::uint64_t> bits_of(std::vector<double> const& values);
+
+// Double quiet NaN with the sign bit set, as the notation's "NaN" reads.
+double signed_nan();
+
+// The elements of an array of T in storage order, widened to double, complex ones as real part then
+// imaginary part; reading them as T fails for an array of another type.
+template <typename T>
+std::vector<double> elements_as(zd::Array const& array)
+{
+    std::vector<double> values;
+    for (T const& element : zd::getReadOnlyElements<T>(array)) {
+        if constexpr (zd::detail::isComplex<T>) {
+            values.push_back(static_cast<double>(element.real()));
+            values.push_back(static_cast<double>(element.imag()));
+        } else {
+            values.push_back(static_cast<double>(element));
+        }
+    }
+    return values;
+}
+
+// A row of a table of arrays read successfully: the element type is that of elements_as.
+struct ArrayCase {
+    char const* name;
+    char const* json;
+    std::vector<double> (*elements)(zd::Array const&);
+    Dims dims;
+    std::vector<double> expected;
+};
+
+// Runs an ArrayCase: dimensions, and the elements bit for bit.
+void expect_array(ArrayCase const& c);
+
+// A row of a failure table: the JSON text, and the class and exact text it must fail with.
+struct FailureCase {
+    char const* name;
+    char const* json;
+    void (*expect)(std::string const& json, std::string const& text);
+    std::string text;
+};
+
+template <typename E>
+void fails_with(std::string const& json, std::string const& text)
+{
+    SCOPED_TRACE(json);
+    EXPECT_THROW_WHAT(read(json), E, text);
+}
+
+// The name of a table row, for the test's name.
+template <typename Row>
+std::string row_name(::testing::TestParamInfo<Row> const& info)
+{
+    return info.param.name;
+}
+
+inline std::string const mismatched_size = R"(Data size does not match "zqsize" specified.)";
+
+} // namespace zq::test

@@ -1,0 +1,199 @@
+// What the writer tests share: arrays built in one line, and the text of a tree with its number tags.
+#pragma once
+
+#include <foundation/json/json_cast.hpp>
+#include <foundation/json/serialize.hpp>
+#include <foundation/json/value.hpp>
+#include <foundation/zorbaldata.hpp>
+#include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <complex>
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace zq::test::writer {
+
+namespace zd = foundation::zorbaldata;
+namespace fj = foundation::json;
+using foundation::zorbaljson::NanType;
+using foundation::zorbaljson::ToJsonMode;
+using Dims = std::vector<unsigned long>;
+using Text = zorbal::data::optional<std::u16string>;
+
+inline zd::ArrayFactory const factory;
+
+// The compact JSON text of value, with every number that is not a double marked by its tag: 5f for a
+// float, 5i for a long long, 5u for an unsigned long long; Undefined reads "undefined". So one
+// expected text pins the shape, the key order and the alternative of every number.
+inline std::string tagged(fj::Value const& value)
+{
+    switch (value.which()) {
+    case 0: return "undefined";
+    case 5: {
+        std::string text = "[";
+        for (fj::Value const& element : fj::json_cast<fj::Array>(value))
+            text += (text.size() > 1 ? "," : "") + tagged(element);
+        return text + "]";
+    }
+    case 6: {
+        std::string text = "{";
+        for (auto const& [key, member] : fj::json_cast<fj::Object>(value))
+            text += (text.size() > 1 ? "," : "") + fj::serialize(fj::Value(key)) + ":" + tagged(member);
+        return text + "}";
+    }
+    case 7: return fj::serialize(value) + "f";
+    case 8: return fj::serialize(value) + "i";
+    case 9: return fj::serialize(value) + "u";
+    default: return fj::serialize(value);
+    }
+}
+
+// The tagged text of array written with the mode and the NanType, filter AllowAll.
+inline std::string write(zd::Array array, ToJsonMode mode, NanType nan = NanType::String)
+{
+    return tagged(foundation::zorbaldata::json::zorbaldata_to_json(std::move(array), mode, nan,
+        zd::ObjectFilter::AllowAll));
+}
+
+// One array written under one setting, and the tagged text expected of it.
+struct WriteCase {
+    char const* name;
+    zd::Array (*make)();
+    ToJsonMode mode;
+    NanType nan;
+    char const* expected;
+};
+
+template <std::size_t N>
+void expect_writes(WriteCase const (&cases)[N])
+{
+    for (WriteCase const& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(write(c.make(), c.mode, c.nan), c.expected);
+    }
+}
+
+template <typename T>
+zd::Array numbers(Dims dims, std::initializer_list<T> elements)
+{
+    return factory.createArray<T>(std::move(dims), elements);
+}
+
+inline zd::Array doubles(Dims dims, std::initializer_list<double> elements)
+{
+    return numbers<double>(std::move(dims), elements);
+}
+
+inline zd::Array scalar(double value)
+{
+    return factory.createScalar(value);
+}
+
+inline zd::Array logicals(Dims dims, std::initializer_list<bool> elements)
+{
+    return numbers<bool>(std::move(dims), elements);
+}
+
+// The contiguous range of the n elements at first, as the writers take the elements of plain arrays.
+template <typename T>
+zd::Range<zd::TypedIterator, T const> range(T const* first, std::size_t n)
+{
+    return {zd::TypedIterator<T const>(first), zd::TypedIterator<T const>(first + n)};
+}
+
+// The char row of the units; 0-by-0 when there are none.
+inline zd::Array charRow(std::u16string const& units)
+{
+    return factory.createCharArray(units);
+}
+
+// A char array of the dimensions holding units in storage order.
+inline zd::Array chars(Dims dims, std::u16string const& units)
+{
+    zd::CharArray array = factory.createCharArray(std::move(dims));
+    auto const elements = zd::getWritableElements<char16_t>(array);
+    std::copy(units.begin(), units.end(), elements.begin());
+    return array;
+}
+
+inline zd::Array strings(Dims dims, std::initializer_list<Text> elements)
+{
+    zd::Array array = factory.createArray(zd::ArrayType::STRING, std::move(dims));
+    auto element = zd::getWritableElements<Text>(array).begin();
+    for (Text const& text : elements)
+        *element++ = text;
+    return array;
+}
+
+inline zd::Array cell(Dims dims, std::initializer_list<zd::Array> elements)
+{
+    zd::Array array = factory.createArray(zd::ArrayType::CELL, std::move(dims));
+    auto element = zd::getWritableElements<zd::Array>(array).begin();
+    for (zd::Array const& value : elements)
+        *element++ = value;
+    return array;
+}
+
+// A struct array whose fields, in this order, hold the values given for them in storage order.
+inline zd::Array structs(Dims dims, std::vector<std::pair<std::string, std::vector<zd::Array>>> const& fields)
+{
+    std::vector<std::string> names;
+    for (auto const& field : fields)
+        names.push_back(field.first);
+    zd::StructArray array = factory.createStructArray(std::move(dims), names);
+    for (auto const& [name, values] : fields) {
+        auto element = zd::getWritableElements<zd::StructElement>(array).begin();
+        for (zd::Array const& value : values)
+            (*element++)[name] = value;
+    }
+    return array;
+}
+
+inline zd::Array enums(Dims dims, std::string className, std::initializer_list<char const*> members)
+{
+    zd::EnumArray array = factory.createEnumArray(std::move(dims), std::move(className));
+    auto element = zd::getWritableElements<zd::Enumeration>(array).begin();
+    for (char const* member : members)
+        *element++ = member;
+    return array;
+}
+
+// A sparse matrix holding T values at (row, column) entries, counted from 0.
+template <typename T>
+using Entries = std::vector<std::tuple<unsigned long, unsigned long, T>>;
+
+template <typename T>
+zd::Array sparse(Dims dims, Entries<T> const& entries)
+{
+    zd::ArrayType const type = zd::detail::SparseElementType<T>::value;
+    if (entries.empty())
+        return factory.createArray(type, std::move(dims));
+    auto buffer = [&](zd::ArrayType elementType) {
+        void* data = nullptr;
+        void (*deleter)(void*) = nullptr;
+        factory.createBuffer(&data, &deleter, elementType, entries.size());
+        return std::make_pair(data, deleter);
+    };
+    auto [values, freeValues] = buffer(zd::detail::ElementType<T>::value);
+    auto [rows, freeRows] = buffer(zd::ArrayType::UINT64);
+    auto [cols, freeCols] = buffer(zd::ArrayType::UINT64);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        static_cast<T*>(values)[i] = std::get<2>(entries[i]);
+        static_cast<unsigned long*>(rows)[i] = std::get<0>(entries[i]);
+        static_cast<unsigned long*>(cols)[i] = std::get<1>(entries[i]);
+    }
+    using Indices = std::unique_ptr<unsigned long[], void (*)(void*)>;
+    return factory.createSparseArray(std::move(dims), entries.size(), type,
+        std::unique_ptr<void, void (*)(void*)>(values, freeValues),
+        Indices(static_cast<unsigned long*>(rows), freeRows),
+        Indices(static_cast<unsigned long*>(cols), freeCols));
+}
+
+} // namespace zq::test::writer

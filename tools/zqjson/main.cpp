@@ -1,0 +1,70 @@
+// zqjson: converts JSON text to an array and tells what came out.
+#include "describe.hpp"
+#include "input.hpp"
+#include "options.hpp"
+
+#include <foundation/zorbaldata_json.hpp>
+
+#include <cxxabi.h>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <typeinfo>
+#include <variant>
+
+namespace {
+
+// The class of what was thrown, as a reader writes it: "foundation::zorbaljson::MismatchedZQSize".
+std::string class_name(std::exception const& e)
+{
+    int status = 0;
+    std::unique_ptr<char, void (*)(void*)> name(
+        abi::__cxa_demangle(typeid(e).name(), nullptr, nullptr, &status), std::free);
+    return status == 0 ? name.get() : typeid(e).name();
+}
+
+int convert(zqjson::Options const& options)
+{
+    std::string text;
+    try {
+        text = zqjson::read_input(options.input);
+    } catch (std::exception const& e) {
+        std::cerr << "zqjson: " << e.what() << '\n';
+        return 1;
+    }
+    try {
+        foundation::zorbaldata::ArrayFactory factory;
+        std::cout << zqjson::describe(foundation::zorbaldata::json::string_to_zorbaldata(text, factory)) << '\n';
+        return 0;
+    } catch (foundation::json::ParserException const& e) {
+        // The message already shows where: three lines with the excerpt and a caret.
+        std::cerr << e.what() << '\n';
+    } catch (std::exception const& e) {
+        std::cerr << class_name(e) << ": " << e.what() << '\n';
+    }
+    return 1;
+}
+
+struct Run {
+    int operator()(zqjson::Options const& options) const { return convert(options); }
+    int operator()(zqjson::HelpRequest) const
+    {
+        std::cout << zqjson::usage();
+        return 0;
+    }
+    int operator()(zqjson::UsageError const& error) const
+    {
+        std::cerr << "zqjson: " << error.message << '\n' << zqjson::usage();
+        return 2;
+    }
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return std::visit(Run{}, zqjson::parse_command_line({argv + 1, argv + argc}));
+}

@@ -1,0 +1,21 @@
+// The entry of the writer variants, through which every array and everything it contains is written.
+#pragma once
+
+#include <foundation/zorbaldata/array.hpp>
+#include <foundation/zorbaldata/json/detail/json_types.hpp>
+#include <foundation/zorbaldata/json/to_json_modes.hpp>
+#include <foundation/zorbaldata/object_filter.hpp>
+
+namespace foundation::zorbaldata::json::detail {
+
+/// The JSON of array in the variant of the three settings; cell elements, struct fields and properties
+/// re-enter the same variant. Instantiated for the twelve combinations of enumerators only.
+/// @throws foundation::zorbaldata::EArrayUnknownDataType for a type that is no ArrayType.
+/// @throws what the writer of the array's kind throws.
+template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter>
+JsonValue to_json(Array array);
+
+/// The entry of one variant, as the container writers take it to write what they contain.
+using element_writer = JsonValue (*)(Array);
+
+} // namespace foundation::zorbaldata::json::detail
