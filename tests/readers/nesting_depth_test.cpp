@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -61,9 +62,10 @@ TEST(NestingDepth, RefusesOneLevelMore)
     EXPECT_THROW_WHAT(
         read_tree(large_form("cell", { 1, 1 }, list_of(nested_arrays(999)))), foundation::zorbaljson::NestingTooDeep, too_deep);
     // A struct's object of fields and a field's list are two levels.
-    fj::Object const fields { { "a", fj::Value(list_of(nested_arrays(998))) } };
-    EXPECT_THROW_WHAT(
-        read_tree(large_form("struct", { 1, 1 }, fields)), foundation::zorbaljson::NestingTooDeep, too_deep);
+    fj::Object fields;
+    fields.emplace("a", list_of(nested_arrays(998)));
+    EXPECT_THROW_WHAT(read_tree(large_form("struct", { 1, 1 }, std::move(fields))),
+        foundation::zorbaljson::NestingTooDeep, too_deep);
 }
 
 // Far deeper than any stack could recurse: refused at the limit instead.

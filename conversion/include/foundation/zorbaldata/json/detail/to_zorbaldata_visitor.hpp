@@ -20,7 +20,8 @@
 namespace foundation::zorbaldata::json::detail {
 
 /// Lives on the stack of one conversion. The frontend hands it dimensions and ranges of elements that
-/// convert as they are read, and never sees the factory; the backend never sees a JSON value. Every
+/// convert as they are read, or for sparse arrays fills buffers that it made, and never sees the
+/// factory; the backend never sees a JSON value. Every
 /// builder makes its array before it reads the first element, so a size the factory refuses is
 /// reported first, and the first bad element in storage order before a wrong count of elements.
 class to_zorbaldata_visitor {
