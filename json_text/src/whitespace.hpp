@@ -11,6 +11,7 @@ namespace foundation::json::detail {
 /// opens no comment.
 void skip_comments(char const*& p, char const* end) noexcept;
 
+/// Moves position over white space and, under allow_comments, over comments.
 inline void skip_white_space(char const*& position, char const* end, unsigned flags) noexcept
 {
     LocalPosition local{position};
