@@ -153,20 +153,28 @@ ParseResult Reader<Build>::array_value(Value& out, char const*& p, unsigned dept
     return result;
 }
 
+// Enters an array or object at its opening byte: what is tested before the first element, in this order,
+// so that every container fails alike at its start.
 template <bool Build>
-ParseResult Reader<Build>::array(Array& out, char const*& p, unsigned depth)
+ParseResult Reader<Build>::open(char const*& p, char opener, ParseResult not_opened, unsigned depth)
 {
-    std::size_t const size_hint = std::exchange(size_hint_, 0);
     if (p == end_)
         return UnexpectedEnd;
-    if (*p != '[')
-        return ExpectedArrayStart;
+    if (*p != opener)
+        return not_opened;
     if (depth >= max_nesting_depth)
         return NestingTooDeep;
     ++p;
     skip(p);
-    if (p == end_)
-        return UnexpectedEnd;
+    return p == end_ ? UnexpectedEnd : ParseOk;
+}
+
+template <bool Build>
+ParseResult Reader<Build>::array(Array& out, char const*& p, unsigned depth)
+{
+    std::size_t const size_hint = std::exchange(size_hint_, 0);
+    if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
+        return opened;
     if constexpr (Build)
         out.reserve(size_hint);
     if (*p == ']') {
@@ -197,16 +205,8 @@ ParseResult Reader<Build>::array(Array& out, char const*& p, unsigned depth)
 template <bool Build>
 ParseResult Reader<Build>::object(Object& out, char const*& p, unsigned depth)
 {
-    if (p == end_)
-        return UnexpectedEnd;
-    if (*p != '{')
-        return ExpectedObjectStart;
-    if (depth >= max_nesting_depth)
-        return NestingTooDeep;
-    ++p;
-    skip(p);
-    if (p == end_)
-        return UnexpectedEnd;
+    if (ParseResult const opened = open(p, '{', ExpectedObjectStart, depth); opened != ParseOk)
+        return opened;
     if (*p == '}') {
         ++p;
         if constexpr (Build)
@@ -382,16 +382,8 @@ ParseResult Reader<Build>::integer_array(Array& out, char const*& position, unsi
     LocalPosition local{position};
     char const*& p = local.p;
     std::size_t const size_hint = std::exchange(size_hint_, 0);
-    if (p == end_)
-        return UnexpectedEnd;
-    if (*p != '[')
-        return ExpectedArrayStart;
-    if (depth >= max_nesting_depth)
-        return NestingTooDeep;
-    ++p;
-    skip(p);
-    if (p == end_)
-        return UnexpectedEnd;
+    if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
+        return opened;
     if (*p == ']') {
         ++p;
         if constexpr (Build)

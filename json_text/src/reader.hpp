@@ -49,6 +49,7 @@ private:
     ParseResult type_member(TypedData& typed, Object& entries, Value& member, char const*& p, unsigned depth);
     ParseResult read_data_again(TypedData& typed, Object& entries, unsigned depth);
     ParseResult read_deferred_data(TypedData const& typed, Object& entries, char const*& p, unsigned depth);
+    ParseResult open(char const*& p, char opener, ParseResult not_opened, unsigned depth);
     void skip(char const*& p) const noexcept;
 
     char const* end_;
