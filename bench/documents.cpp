@@ -69,19 +69,36 @@ void append_short_string(std::string& out, Bits& bits)
     out += '"';
 }
 
+// Settings take few digits; measurements all of them.
+double quarter_step(Bits& bits)
+{
+    return static_cast<double>(static_cast<std::int64_t>(bits.below(8001)) - 4000) * 0.25;
+}
+
+double measurement(Bits& bits) { return (bits.unit() * 2.0 - 1.0) * 1e3; }
+
+// A JSON array of count elements; append_element gets the index of each.
+template <class AppendElement>
+void append_list(std::string& out, std::size_t count, AppendElement append_element)
+{
+    out += '[';
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i != 0)
+            out += ',';
+        append_element(out, i);
+    }
+    out += ']';
+}
+
 template <class AppendElement>
 std::string large_form(std::size_t count, std::string_view type, std::size_t bytes_per_element,
                        AppendElement append_element)
 {
     std::string out;
     out.reserve(count * bytes_per_element + 64);
-    out += "{\"zqdata\":[";
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i != 0)
-            out += ',';
-        append_element(out);
-    }
-    out += "],\"zqsize\":[1,";
+    out += "{\"zqdata\":";
+    append_list(out, count, [&](std::string& o, std::size_t) { append_element(o); });
+    out += ",\"zqsize\":[1,";
     append_number(out, count);
     out += "],\"zqtype\":\"";
     out += type;
@@ -152,11 +169,10 @@ std::string records(std::size_t count)
         append_number(out, i + 1);
         out += ",\"name\":";
         append_short_string(out, bits);
-        // x takes few digits, like a setting; y all of them, like a measurement.
         out += ",\"x\":";
-        append_number(out, static_cast<double>(static_cast<std::int64_t>(bits.below(8001)) - 4000) * 0.25);
+        append_number(out, quarter_step(bits));
         out += ",\"y\":";
-        append_number(out, (bits.unit() * 2.0 - 1.0) * 1e3);
+        append_number(out, measurement(bits));
         out += (bits.next() & 1) ? ",\"ok\":true" : ",\"ok\":false";
         out += ",\"tag\":\"t";
         append_number(out, bits.below(8));
@@ -166,9 +182,70 @@ std::string records(std::size_t count)
     return out;
 }
 
+std::string large_form_strings(std::size_t count)
+{
+    Bits bits(4);
+    return large_form(count, "string", 12, [&](std::string& out) { append_short_string(out, bits); });
+}
+
+std::string large_form_struct(std::size_t count)
+{
+    Bits bits(6);
+    std::string out;
+    out.reserve(count * 64 + 128);
+    // The fields in byte order of their names, as the writers emit them.
+    out += "{\"zqdata\":{\"id\":";
+    append_list(out, count, [](std::string& o, std::size_t i) { append_number(o, i + 1); });
+    out += ",\"name\":";
+    append_list(out, count, [&](std::string& o, std::size_t) { append_short_string(o, bits); });
+    out += ",\"ok\":";
+    append_list(out, count, [&](std::string& o, std::size_t) { o += (bits.next() & 1) ? "true" : "false"; });
+    out += ",\"tag\":";
+    append_list(out, count, [&](std::string& o, std::size_t) {
+        o += "\"t";
+        append_number(o, bits.below(8));
+        o += '"';
+    });
+    out += ",\"x\":";
+    append_list(out, count, [&](std::string& o, std::size_t) { append_number(o, quarter_step(bits)); });
+    out += ",\"y\":";
+    append_list(out, count, [&](std::string& o, std::size_t) { append_number(o, measurement(bits)); });
+    out += "},\"zqsize\":[";
+    append_number(out, count);
+    out += ",1],\"zqtype\":\"struct\"}";
+    return out;
+}
+
+std::string large_form_cell(std::size_t count)
+{
+    Bits bits(7);
+    std::string out;
+    out.reserve(count * 24 + 64);
+    out += "{\"zqdata\":";
+    append_list(out, count, [&](std::string& o, std::size_t i) {
+        switch (i % 5) {
+        case 0: append_number(o, measurement(bits)); break;
+        case 1: append_short_string(o, bits); break;
+        case 2: o += (bits.next() & 1) ? "true" : "false"; break;
+        case 3:
+            append_list(o, 3, [&](std::string& row, std::size_t) { append_number(row, quarter_step(bits)); });
+            break;
+        default:
+            o += "{\"zqdata\":[";
+            append_number(o, static_cast<std::int32_t>(bits.next()) >> bits.below(32));
+            o += "],\"zqsize\":[1,1],\"zqtype\":\"int32\"}";
+            break;
+        }
+    });
+    out += ",\"zqsize\":[1,";
+    append_number(out, count);
+    out += "],\"zqtype\":\"cell\"}";
+    return out;
+}
+
 std::string const& document(DocumentId id)
 {
-    static std::array<std::string, 5> texts;
+    static std::array<std::string, 8> texts;
     auto& text = texts[static_cast<std::size_t>(id)];
     if (text.empty()) {
         switch (id) {
@@ -177,6 +254,9 @@ std::string const& document(DocumentId id)
         case DocumentId::rows_double: text = nested_rows(1'000, 3'000); break;
         case DocumentId::strings: text = short_strings(1'000'000); break;
         case DocumentId::records: text = records(100'000); break;
+        case DocumentId::large_string: text = large_form_strings(1'000'000); break;
+        case DocumentId::large_struct: text = large_form_struct(100'000); break;
+        case DocumentId::large_cell: text = large_form_cell(200'000); break;
         }
     }
     return text;

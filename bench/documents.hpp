@@ -24,8 +24,28 @@ std::string short_strings(std::size_t count);
 /// An array of count objects of six members: id, name, x, y, ok and tag.
 std::string records(std::size_t count);
 
+/// A large-form string array of count elements, the strings those of short_strings(count).
+std::string large_form_strings(std::size_t count);
+
+/// A large-form count-by-1 struct array of the fields id, name, ok, tag, x and y, every field value
+/// in its small form: a number, a string or a boolean.
+std::string large_form_struct(std::size_t count);
+
+/// A large-form 1-by-count cell array whose elements cycle through a number, a short string, a
+/// boolean, a flat array of three numbers and a large-form int32 scalar.
+std::string large_form_cell(std::size_t count);
+
 /// The documents the suite measures, by the name that ends each benchmark's name.
-enum class DocumentId { large_double, large_int64, rows_double, strings, records };
+enum class DocumentId {
+    large_double,
+    large_int64,
+    rows_double,
+    strings,
+    records,
+    large_string,
+    large_struct,
+    large_cell,
+};
 
 /// The text of the document id, generated at its first use and kept for the rest of the run.
 std::string const& document(DocumentId id);

@@ -1,0 +1,51 @@
+// The plain C++ containers that a hand-written RapidJSON reader fills from the benchmark documents,
+// and that a hand-written RapidJSON writer writes back: what a program without our arrays would use.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace zq::bench {
+
+/// A rows x columns matrix, its elements in column-major order as in our arrays.
+template <class Number>
+struct Matrix {
+    std::size_t rows = 0;
+    std::size_t columns = 0;
+    std::vector<Number> values;
+};
+
+/// A rows x columns string array; the strings in UTF-8.
+struct Strings {
+    std::size_t rows = 0;
+    std::size_t columns = 0;
+    std::vector<std::string> values;
+};
+
+/// The count-by-1 struct array of the six fields of large_form_struct, one vector per field.
+struct Records {
+    std::vector<double> id;
+    std::vector<std::string> name;
+    std::vector<bool> ok;
+    std::vector<std::string> tag;
+    std::vector<double> x;
+    std::vector<double> y;
+};
+
+/// One cell of large_form_cell: a number, a text, a boolean, a column of numbers or an int32 scalar.
+using Cell = std::variant<double, std::string, bool, std::vector<double>, std::int32_t>;
+
+/// A rows x columns cell array.
+struct Cells {
+    std::size_t rows = 0;
+    std::size_t columns = 0;
+    std::vector<Cell> values;
+};
+
+/// What one benchmark document becomes.
+using Containers = std::variant<Matrix<double>, Matrix<std::int64_t>, Strings, Records, Cells>;
+
+} // namespace zq::bench

@@ -1,0 +1,195 @@
+// The containers written with RapidJSON's Writer, in the shapes our writer gives their arrays.
+#include "rapidjson_writer.hpp"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace zq::bench {
+namespace {
+
+void key(JsonWriter& writer, std::string_view name)
+{
+    writer.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+}
+
+void string(JsonWriter& writer, std::string_view text)
+{
+    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+}
+
+// Our serialiser writes a whole double below 2^53 as an integer (8, not 8.0), so this one does too:
+// the two texts then agree on every count and whole number, and only the spelling of the other
+// doubles may differ.
+void number(JsonWriter& writer, double value)
+{
+    if (std::abs(value) < 0x1p53 && value == std::trunc(value))
+        writer.Int64(static_cast<std::int64_t>(value));
+    else
+        writer.Double(value);
+}
+
+// A char array holds UTF-16 code units, so its size counts those, not the bytes of the UTF-8 text.
+std::size_t utf16_length(std::string_view utf8)
+{
+    std::size_t length = 0;
+    for (unsigned char const byte : utf8)
+        if ((byte & 0xC0) != 0x80)
+            length += byte >= 0xF0 ? 2 : 1;
+    return length;
+}
+
+template <class WriteData>
+void large_form(JsonWriter& writer, std::size_t rows, std::size_t columns, std::string_view type,
+                WriteData write_data)
+{
+    writer.StartObject();
+    key(writer, "zqdata");
+    write_data();
+    key(writer, "zqsize");
+    writer.StartArray();
+    writer.Uint64(rows);
+    writer.Uint64(columns);
+    writer.EndArray();
+    key(writer, "zqtype");
+    string(writer, type);
+    writer.EndObject();
+}
+
+template <class Values, class WriteElement>
+void list(JsonWriter& writer, Values const& values, WriteElement write_element)
+{
+    writer.StartArray();
+    for (auto const& value : values)
+        write_element(value);
+    writer.EndArray();
+}
+
+void double_scalar(JsonWriter& writer, double value)
+{
+    large_form(writer, 1, 1, "double", [&] {
+        writer.StartArray();
+        number(writer, value);
+        writer.EndArray();
+    });
+}
+
+void logical_scalar(JsonWriter& writer, bool value)
+{
+    large_form(writer, 1, 1, "logical", [&] {
+        writer.StartArray();
+        writer.Bool(value);
+        writer.EndArray();
+    });
+}
+
+void int32_scalar(JsonWriter& writer, std::int32_t value)
+{
+    large_form(writer, 1, 1, "int32", [&] {
+        writer.StartArray();
+        writer.Int(value);
+        writer.EndArray();
+    });
+}
+
+// The empty text is the 0-by-0 char array; any other is one row.
+void char_row(JsonWriter& writer, std::string const& text)
+{
+    std::size_t const length = utf16_length(text);
+    large_form(writer, length == 0 ? 0 : 1, length, "char", [&] {
+        writer.StartArray();
+        string(writer, text);
+        writer.EndArray();
+    });
+}
+
+void double_column(JsonWriter& writer, std::vector<double> const& values)
+{
+    large_form(writer, values.size(), 1, "double",
+               [&] { list(writer, values, [&](double value) { number(writer, value); }); });
+}
+
+struct CellWriter {
+    JsonWriter& writer;
+
+    void operator()(double value) const { double_scalar(writer, value); }
+    void operator()(std::string const& text) const { char_row(writer, text); }
+    void operator()(bool value) const { logical_scalar(writer, value); }
+    void operator()(std::vector<double> const& column) const { double_column(writer, column); }
+    void operator()(std::int32_t value) const { int32_scalar(writer, value); }
+};
+
+struct LargeWriter {
+    JsonWriter& writer;
+
+    void operator()(Matrix<double> const& matrix) const
+    {
+        large_form(writer, matrix.rows, matrix.columns, "double",
+                   [&] { list(writer, matrix.values, [&](double value) { number(writer, value); }); });
+    }
+
+    void operator()(Matrix<std::int64_t> const& matrix) const
+    {
+        large_form(writer, matrix.rows, matrix.columns, "int64",
+                   [&] { list(writer, matrix.values, [&](std::int64_t value) { writer.Int64(value); }); });
+    }
+
+    void operator()(Strings const& strings) const
+    {
+        large_form(writer, strings.rows, strings.columns, "string", [&] {
+            list(writer, strings.values, [&](std::string const& text) { string(writer, text); });
+        });
+    }
+
+    // The fields in byte order of their names, as our writer's JSON objects keep them.
+    void operator()(Records const& records) const
+    {
+        auto const doubles = [&](double value) { double_scalar(writer, value); };
+        auto const texts = [&](std::string const& text) { char_row(writer, text); };
+        large_form(writer, records.id.size(), 1, "struct", [&] {
+            writer.StartObject();
+            key(writer, "id");
+            list(writer, records.id, doubles);
+            key(writer, "name");
+            list(writer, records.name, texts);
+            key(writer, "ok");
+            list(writer, records.ok, [&](bool value) { logical_scalar(writer, value); });
+            key(writer, "tag");
+            list(writer, records.tag, texts);
+            key(writer, "x");
+            list(writer, records.x, doubles);
+            key(writer, "y");
+            list(writer, records.y, doubles);
+            writer.EndObject();
+        });
+    }
+
+    void operator()(Cells const& cells) const
+    {
+        large_form(writer, cells.rows, cells.columns, "cell", [&] {
+            list(writer, cells.values, [&](Cell const& cell) { std::visit(CellWriter{writer}, cell); });
+        });
+    }
+};
+
+} // namespace
+
+void write_large(JsonWriter& writer, Containers const& data) { std::visit(LargeWriter{writer}, data); }
+
+void write_rows(JsonWriter& writer, Matrix<double> const& matrix)
+{
+    writer.StartArray();
+    for (std::size_t r = 0; r < matrix.rows; ++r) {
+        writer.StartArray();
+        for (std::size_t c = 0; c < matrix.columns; ++c)
+            number(writer, matrix.values[c * matrix.rows + r]);
+        writer.EndArray();
+    }
+    writer.EndArray();
+}
+
+} // namespace zq::bench
