@@ -13,4 +13,11 @@ InvalidInputJSONValue::InvalidInputJSONValue()
 
 InvalidInputJSONValue::~InvalidInputJSONValue() = default;
 
+ArrayNestingTooDeep::ArrayNestingTooDeep()
+    : ConvertError("Arrays nested deeper than 1000 levels cannot be written")
+{
+}
+
+ArrayNestingTooDeep::~ArrayNestingTooDeep() = default;
+
 } // namespace foundation::zorbaldata::json

@@ -46,8 +46,6 @@ TEST_P(LargeHeaderFailure, FailsWithTheFirstFault)
 }
 
 std::string const bad_size = R"("zqsize" must be an array of 2 or more positive integers)";
-std::string const not_yet_value_object = "Value object arrays are not read yet";
-std::string const not_yet_handle_object = "Handle object arrays are not read yet";
 
 // A class name picks one of three kinds (enumerations in the enumeration reader's tests); what is no
 // large form is a struct, as the struct reader's tests show.
@@ -66,14 +64,8 @@ static FailureCase const failures[] = {
         fails_with<zj::InvalidZQSize>, bad_size },
     { "StringExtent", R"({"zqtype":"double","zqsize":["2",1],"zqdata":[1,2]})", fails_with<zj::InvalidZQSize>,
         bad_size },
-    { "ClassWithObjectData", R"({"zqtype":"My.Class","zqsize":[1,1],"zqdata":{}})",
-        fails_with<std::runtime_error>, not_yet_value_object },
-    { "ClassWithHandle", R"({"zqtype":"My.Class","zqsize":[1,1],"zqdata":{},"zqhandle":{}})",
-        fails_with<std::runtime_error>, not_yet_handle_object },
-    { "ClassWithEmptyList", R"({"zqtype":"My.Class","zqsize":[0,0],"zqdata":[]})",
-        fails_with<std::runtime_error>, not_yet_value_object },
-    { "ClassWithNumberList", R"({"zqtype":"My.Class","zqsize":[1,1],"zqdata":[1]})",
-        fails_with<std::runtime_error>, not_yet_value_object },
+    { "ClassWithNumberListIsAValueObjectList", R"({"zqtype":"My.Class","zqsize":[1,1],"zqdata":[1]})",
+        fails_with<zj::InvalidZQDataType>, R"(""My.Class arrays must be a object)" },
     { "ClassWithScalarData", R"({"zqtype":"My.Class","zqsize":[1,1],"zqdata":5})",
         fails_with<zj::InvalidPropertyType>, R"("zqdata" must be a JSON array)" },
     { "KindBeforeSize", R"({"zqtype":"My.Class","zqsize":[1],"zqdata":5})",

@@ -68,6 +68,27 @@ TEST(NestingDepth, RefusesOneLevelMore)
         foundation::zorbaljson::NestingTooDeep, too_deep);
 }
 
+// Objects skip a property they cannot read and try a list when an object fails, but depth is no such
+// failure: a deep tree below a single object or a list of objects is refused, not cut off.
+TEST(NestingDepth, ObjectsRefuseRatherThanCutOff)
+{
+    fj::Value single(1.0);
+    for (int i = 0; i < 600; ++i) {
+        fj::Object properties;
+        properties.emplace("p", std::move(single));
+        single = large_form("pkg.Cls", { 1, 1 }, std::move(properties));
+    }
+    EXPECT_THROW_WHAT(read_tree(std::move(single)), foundation::zorbaljson::NestingTooDeep, too_deep);
+
+    fj::Value listed(1.0);
+    for (int i = 0; i < 400; ++i) {
+        fj::Object element;
+        element.emplace("p", std::move(listed));
+        listed = large_form("pkg.Cls", { 1, 1 }, list_of(fj::Value(std::move(element))));
+    }
+    EXPECT_THROW_WHAT(read_tree(std::move(listed)), foundation::zorbaljson::NestingTooDeep, too_deep);
+}
+
 // Far deeper than any stack could recurse: refused at the limit instead.
 TEST(NestingDepth, RefusesCallerTreesOfAnyDepth)
 {

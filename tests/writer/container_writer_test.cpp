@@ -2,6 +2,7 @@
 #include "expect_throw.hpp"
 #include "writer_test_support.hpp"
 
+#include <foundation/zorbaldata/json/convert_error.hpp>
 #include <foundation/zorbaldata/json/detail/cell_writer.hpp>
 #include <foundation/zorbaldata/json/detail/struct_writer.hpp>
 #include <foundation/zorbaldata/json/detail/to_json.hpp>
@@ -81,8 +82,26 @@ TEST(CellWriter, FailureOfAnElementPassesUnwrapped)
 {
     zd::Array const deep = cell({1, 1}, {structs({1, 1}, {{"a", {scalar(1)}}, {"b", {doubles({2}, {1, 2})}}})});
     EXPECT_THROW_WHAT(write(deep, Small), std::runtime_error, "Must have at least two dimensions");
-    EXPECT_THROW_WHAT(write(cell({1, 1}, {factory.createArray(zd::ArrayType::VALUE_OBJECT, {1, 1})}), Large),
-        std::runtime_error, "Value object arrays are not written yet");
+    zd::Array const handle = cell({1, 1}, {factory.createArray(zd::ArrayType::HANDLE_OBJECT_REF, {1, 1})});
+    EXPECT_THROW_WHAT(write(handle, Large), zd::ObjectNotSupportedException,
+        "Serializing handle object as reference is not supported for JSON.");
+}
+
+// A scalar inside levels - 1 cells: levels arrays in all.
+zd::Array nested_cells(int levels)
+{
+    zd::Array nested = scalar(1);
+    for (int level = 1; level < levels; ++level)
+        nested = cell({1, 1}, {nested});
+    return nested;
+}
+
+TEST(CellWriter, WritesAThousandLevelsAndRefusesMore)
+{
+    EXPECT_NO_THROW(write(nested_cells(1000), Large));
+    EXPECT_THROW_WHAT(write(nested_cells(1001), Small), zd::json::ArrayNestingTooDeep,
+        "Arrays nested deeper than 1000 levels cannot be written");
+    EXPECT_THROW(write(nested_cells(100000), Large), zd::json::ArrayNestingTooDeep);
 }
 
 TEST(CellWriter, ElementsThatDisagreeWithTheDimensionsAreRefused)

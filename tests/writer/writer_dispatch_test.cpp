@@ -141,14 +141,4 @@ TEST(WriterDispatch, FewerThanTwoDimensionsAreRefusedByEveryWriter)
         }
 }
 
-TEST(WriterDispatch, ObjectArraysAreNotWrittenYet)
-{
-    for (ToJsonMode const mode : {Large, Small}) {
-        EXPECT_THROW_WHAT(write(factory.createArray(ArrayType::VALUE_OBJECT, {1, 1}), mode),
-            std::runtime_error, "Value object arrays are not written yet");
-        EXPECT_THROW_WHAT(write(factory.createArray(ArrayType::HANDLE_OBJECT_REF, {0, 0}), mode),
-            std::runtime_error, "Handle object arrays are not written yet");
-    }
-}
-
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <thread>
 
 using namespace foundation::zorbaldata;
 
@@ -47,4 +48,42 @@ TEST(CellArray, EqualityIsDeep)
     EXPECT_EQ(factory.createScalar(0.0), factory.createScalar(-0.0));
     EXPECT_NE(factory.createScalar(1.0), factory.createScalar(1.0f));
     EXPECT_NE(factory.createArray<double>({1, 2}), factory.createArray<double>({2, 1}));
+}
+
+namespace {
+
+// A scalar inside levels cells, each within the next.
+Array nestedCells(int levels, double inner)
+{
+    Array nested = factory.createScalar(inner);
+    for (int level = 0; level < levels; ++level) {
+        TypedArray<Array> outer = factory.createArray<Array>({1, 1});
+        outer[0] = std::move(nested);
+        nested = std::move(outer);
+    }
+    return nested;
+}
+
+} // namespace
+
+// Comparing and dropping arrays nested far deeper than a stack could recurse through.
+TEST(CellArray, ComparesAndFreesDeeplyNestedCells)
+{
+    Array nested = nestedCells(300000, 1.0);
+    EXPECT_TRUE(nested == nestedCells(300000, 1.0));
+    EXPECT_FALSE(nested == nestedCells(300000, 2.0));
+    nested = Array();
+    EXPECT_EQ(nested.getNumberOfElements(), 0u);
+}
+
+// Arrays that outlive the thread's own bookkeeping, such as thread_local or static ones, are freed at
+// exit after it; the sanitizers see any use of bookkeeping that is gone.
+TEST(CellArray, FreesArraysAtThreadExit)
+{
+    std::thread([] {
+        thread_local Array const held = nestedCells(3, 1.0);
+        EXPECT_EQ(held.getType(), ArrayType::CELL);
+        Array dropped = nestedCells(3, 2.0);
+        dropped = Array();
+    }).join();
 }

@@ -3,12 +3,13 @@
 
 #include <foundation/zorbaldata/array_type.hpp>
 #include <foundation/zorbaldata/enum_array.hpp>
+#include <foundation/zorbaldata/value_object_array.hpp>
 
 namespace zqjson {
 
 std::string describe(foundation::zorbaldata::Array const& array)
 {
-    using foundation::zorbaldata::ArrayType;
+    namespace zd = foundation::zorbaldata;
     std::string text;
     for (unsigned long dimension : array.getDimensions()) {
         if (!text.empty())
@@ -16,9 +17,12 @@ std::string describe(foundation::zorbaldata::Array const& array)
         text += std::to_string(dimension);
     }
     text += ' ';
-    text += foundation::zorbaldata::getTypeName(array.getType());
-    if (array.getType() == ArrayType::ENUM)
-        text += ' ' + foundation::zorbaldata::EnumArray(array).getClassName();
+    text += zd::getTypeName(array.getType());
+    if (array.getType() == zd::ArrayType::ENUM)
+        text += ' ' + zd::EnumArray(array).getClassName();
+    if (array.getType() == zd::ArrayType::VALUE_OBJECT)
+        text += ' '
+            + zd::ValueObjectArray(array).getClassInfo().getClassIdentifier().getFullyQualifiedClassName();
     return text;
 }
 

@@ -7,8 +7,8 @@
 
 namespace zqjson {
 
-/// "1x2 int32", "0x0 double", "1x3 enumeration Color": the dimensions, the type, and the class name
-/// of the kinds that have one.
+/// "1x2 int32", "0x0 double", "1x3 enumeration Color", "1x2 value object pkg.Cls": the dimensions, the
+/// type, and the class name of the kinds that have one for the whole array.
 std::string describe(foundation::zorbaldata::Array const& array);
 
 } // namespace zqjson

@@ -1,7 +1,8 @@
-// zqjson: converts JSON text to an array and tells what came out.
+// zqjson: converts JSON text to an array and writes it back as JSON, or tells what came out.
 #include "describe.hpp"
 #include "input.hpp"
 #include "options.hpp"
+#include "output.hpp"
 
 #include <foundation/zorbaldata_json.hpp>
 
@@ -13,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <typeinfo>
+#include <utility>
 #include <variant>
 
 namespace {
@@ -37,7 +39,11 @@ int convert(zqjson::Options const& options)
     }
     try {
         foundation::zorbaldata::ArrayFactory factory;
-        std::cout << zqjson::describe(foundation::zorbaldata::json::string_to_zorbaldata(text, factory)) << '\n';
+        foundation::zorbaldata::Array array
+            = foundation::zorbaldata::json::string_to_zorbaldata(text, factory);
+        std::cout << (options.describe ? zqjson::describe(array)
+                                       : zqjson::write_json(std::move(array), options.notation))
+                  << '\n';
         return 0;
     } catch (foundation::json::ParserException const& e) {
         // The message already shows where: three lines with the excerpt and a caret.
@@ -66,5 +72,5 @@ struct Run {
 
 int main(int argc, char** argv)
 {
-    return std::visit(Run{}, zqjson::parse_command_line({argv + 1, argv + argc}));
+    return std::visit(Run {}, zqjson::parse_command_line({ argv + 1, argv + argc }));
 }

@@ -1,6 +1,8 @@
 // The command line of zqjson.
 #pragma once
 
+#include "output.hpp"
+
 #include <span>
 #include <string>
 #include <variant>
@@ -11,6 +13,9 @@ namespace zqjson {
 struct Options {
     /// A file name, or "-" for standard input.
     std::string input = "-";
+    /// Print the array's size and class instead of writing it back.
+    bool describe = false;
+    Notation notation;
 };
 
 /// The command line asked for the usage text.
@@ -23,7 +28,9 @@ struct UsageError {
 
 using ParsedCommandLine = std::variant<Options, HelpRequest, UsageError>;
 
-/// Reads the arguments that follow the program name.
+/// Reads the arguments that follow the program name. Options come in any order, before or after the
+/// input; a later one overrides an earlier one. An option's value is the next argument or follows
+/// "=" in the same one ("--format small", "--format=small").
 ParsedCommandLine parse_command_line(std::span<char const* const> arguments);
 
 /// The usage text, ending in a line end.

@@ -22,7 +22,12 @@ large_form::large_form(Dimensions const& dimensions, std::string type_name)
 
 void large_form::set_flag(std::string const& key)
 {
-    object_[key] = JsonValue(true);
+    set(key, JsonValue(true));
+}
+
+void large_form::set(std::string const& key, JsonValue value)
+{
+    object_[key] = std::move(value);
 }
 
 JsonValue large_form::finish(JsonValue data) &&

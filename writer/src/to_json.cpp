@@ -2,13 +2,41 @@
 #include <foundation/zorbaldata/json/detail/to_json.hpp>
 
 #include <foundation/zorbaldata/json/detail/array_type_dispatch.hpp>
+#include <foundation/zorbaldata/json/convert_error.hpp>
 #include <foundation/zorbaldata/json/detail/to_json_visitor.hpp>
 
 namespace foundation::zorbaldata::json::detail {
 
+namespace {
+
+// Arrays inside arrays are written by recursion, so a caller's array nested without end would exhaust
+// the stack; the readers would not take the text of so deep an array back either.
+constexpr unsigned max_writing_depth = 1000;
+
+class WritingLevel {
+public:
+    WritingLevel()
+    {
+        if (depth_ == max_writing_depth)
+            throw ArrayNestingTooDeep();
+        ++depth_;
+    }
+    WritingLevel(WritingLevel const&) = delete;
+    WritingLevel& operator=(WritingLevel const&) = delete;
+    ~WritingLevel() { --depth_; }
+
+private:
+    static thread_local unsigned depth_;
+};
+
+thread_local unsigned WritingLevel::depth_ = 0;
+
+} // namespace
+
 template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter>
 JsonValue to_json(Array array)
 {
+    WritingLevel const level;
     return dispatch_on_array_type(array.getType(), array, to_json_visitor<Mode, Nan, Filter>());
 }
 

@@ -86,6 +86,16 @@ constexpr std::array<bool, 256> bytes_to_escape = [] {
 
 constexpr char hex_digits[] = "0123456789abcdef";
 
+// Whether the three bytes at i encode a surrogate code point, U+D800 to U+DFFF.
+bool is_encoded_surrogate(std::string_view text, std::size_t i)
+{
+    if (i + 2 >= text.size() || static_cast<unsigned char>(text[i]) != 0xED)
+        return false;
+    auto const second = static_cast<unsigned char>(text[i + 1]);
+    auto const third = static_cast<unsigned char>(text[i + 2]);
+    return second >= 0xA0 && second <= 0xBF && third >= 0x80 && third <= 0xBF;
+}
+
 void write_unicode_escape(std::string& out, unsigned code)
 {
     char const escape[] = {'\\', 'u', hex_digits[(code >> 12) & 0xF], hex_digits[(code >> 8) & 0xF],
@@ -102,11 +112,16 @@ void write_string(std::string& out, std::string_view text)
         if (!bytes_to_escape[byte])
             continue;
         if (byte == 0xED) {
-            if (i + 2 >= text.size())
+            if (!is_encoded_surrogate(text, i))
                 continue;
             auto const second = static_cast<unsigned char>(text[i + 1]);
             auto const third = static_cast<unsigned char>(text[i + 2]);
-            if (second < 0xA0 || second > 0xBF || third < 0x80 || third > 0xBF)
+            // A reader pairs a high surrogate's escape with the escape that must follow it, so a high
+            // surrogate without a low one after it stays in its three bytes, which read back as it.
+            bool const high = second < 0xB0;
+            bool const low_follows
+                = is_encoded_surrogate(text, i + 3) && static_cast<unsigned char>(text[i + 4]) >= 0xB0;
+            if (high && !low_follows)
                 continue;
             out.append(text.data() + plain_from, i - plain_from);
             write_unicode_escape(out, 0xD000 | ((second & 0x3Fu) << 6) | (third & 0x3Fu));

@@ -8,12 +8,12 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace zorbal::data::detail {
 
 using foundation::zorbaldata::ArrayType;
 
-RefCounted::~RefCounted() = default;
 SlotOwner::~SlotOwner() = default;
 
 ArrayImpl::ArrayImpl(ArrayType type, std::vector<unsigned long> dimensions)
@@ -77,7 +77,28 @@ bool sameArray(RefCounted const* a, RefCounted const* b)
     // A null side is the empty 0-by-0 double, so the other is one too.
     if (!a || !b)
         return true;
-    return static_cast<ArrayImpl const*>(a)->sameContent(*static_cast<ArrayImpl const*>(b));
+    // Arrays met inside a comparison (cell elements, fields, properties) wait in the list of the
+    // comparison that runs, which compares them after the array holding them rather than inside it, so
+    // that arrays nested a million deep compare without deep recursion.
+    using Pair = std::pair<ArrayImpl const*, ArrayImpl const*>;
+    thread_local std::vector<Pair>* waiting = nullptr;
+    auto const first = Pair(static_cast<ArrayImpl const*>(a), static_cast<ArrayImpl const*>(b));
+    if (waiting) {
+        waiting->push_back(first);
+        return true;
+    }
+    std::vector<Pair> list;
+    waiting = &list;
+    struct Finish {
+        ~Finish() { waiting = nullptr; }
+    } const finish;
+    bool same = first.first->sameContent(*first.second);
+    while (same && !list.empty()) {
+        Pair const next = list.back();
+        list.pop_back();
+        same = next.first->sameContent(*next.second);
+    }
+    return same;
 }
 
 } // namespace zorbal::data::detail

@@ -1,4 +1,4 @@
-// The large-format visitor: the dimensions from "zqsize", and the object kinds that are not read yet.
+// The large-format visitor: the dimensions from "zqsize".
 #include <frontend/detail/large_format_visitor.hpp>
 
 #include <frontend/detail/parse_error.hpp>
@@ -8,7 +8,6 @@
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 #include <cmath>
-#include <stdexcept>
 
 namespace foundation::zorbaljson::detail {
 
@@ -45,13 +44,6 @@ zorbal_json_large_format_visitor<B>::zorbal_json_large_format_visitor(foundation
     , dims_(read_dimensions(size))
     , backend_(&backend)
 {
-}
-
-template <typename B>
-foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::object_helper(bool handle) const
-{
-    throw std::runtime_error(
-        handle ? "Handle object arrays are not read yet" : "Value object arrays are not read yet");
 }
 
 template class zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;

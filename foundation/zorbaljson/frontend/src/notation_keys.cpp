@@ -9,5 +9,10 @@ std::string const zqtype_key = "zqtype";
 std::string const zqcomplex_key = "zqcomplex";
 std::string const zqsparse_key = "zqsparse";
 std::string const zqhandle_key = "zqhandle";
+std::string const zqmetadata_key = "zqmetadata";
+std::string const zqkvxid_key = "zqkvxID";
+std::string const zqobjectid_key = "zqobjectID";
+std::string const zqclass_key = "zqclass";
+std::string const heterogeneous_class_name = "zorbal.mixin.Heterogeneous";
 
 } // namespace foundation::zorbaljson::detail

@@ -186,8 +186,9 @@ PropertyExistsException::PropertyExistsException()
 
 PropertyExistsException::~PropertyExistsException() = default;
 
-ObjectNotSupportedException::ObjectNotSupportedException()
+ObjectNotSupportedException::ObjectNotSupportedException(std::string className)
     : ParseError("Object creation not supported.")
+    , className_(std::move(className))
 {
 }
 

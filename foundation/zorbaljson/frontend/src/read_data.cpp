@@ -11,31 +11,20 @@
 
 namespace foundation::zorbaljson::detail {
 
-namespace {
-
 // The cast's own message goes to the log only; the caller sees the notation's failure.
 template <typename Alternative>
-Alternative const& read_data(foundation::json::Value const& data, std::string const& label)
+Alternative const& read_data(foundation::json::Value const& data, std::string const& label, std::string const& key)
 {
     try {
         return foundation::json::json_cast<Alternative>(data);
     } catch (std::exception const& e) {
         JSONFrontendLogger::write(std::string("Caught std::runtime_error while casting data: ") + e.what());
-        throw InvalidZQDataType(label, foundation::json::traits<Alternative>::name, "");
+        throw InvalidZQDataType(label, foundation::json::traits<Alternative>::name, key);
     }
 }
 
-} // namespace
-
-foundation::json::Array const& read_data_array(foundation::json::Value const& data, std::string const& label)
-{
-    return read_data<foundation::json::Array>(data, label);
-}
-
-foundation::json::Object const& read_data_object(
-    foundation::json::Value const& data, std::string const& label)
-{
-    return read_data<foundation::json::Object>(data, label);
-}
+template foundation::json::Array const& read_data(foundation::json::Value const&, std::string const&, std::string const&);
+template foundation::json::Object const& read_data(foundation::json::Value const&, std::string const&, std::string const&);
+template std::string const& read_data(foundation::json::Value const&, std::string const&, std::string const&);
 
 } // namespace foundation::zorbaljson::detail

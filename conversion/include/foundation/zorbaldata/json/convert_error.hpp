@@ -21,4 +21,12 @@ public:
     ~InvalidInputJSONValue() override;
 };
 
+/// An array holds arrays (cells, structs, objects within each other) more than 1000 levels deep, more
+/// than the writers descend; the readers would not take such JSON back either.
+class FOUNDATION_ZORBALDATA_JSON_API ArrayNestingTooDeep : public ConvertError {
+public:
+    ArrayNestingTooDeep();
+    ~ArrayNestingTooDeep() override;
+};
+
 } // namespace foundation::zorbaldata::json

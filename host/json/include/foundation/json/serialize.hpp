@@ -21,8 +21,10 @@ public:
 /// Numbers: a double that is a whole number below 2^53 in magnitude (a float: below 2^24) is
 /// written as plain digits (8.0 as `8`, -0.0 as `-0`), so sizes and counts read as integers;
 /// any other is the shortest text that reads back to the same number. Integers in decimal.
-/// Strings: `"` and `\` escaped, control bytes as \b \f \n \r \t or \u00xx, a surrogate code
-/// point encoded in three bytes as \udxxx; every other byte, valid UTF-8 or not, unchanged.
+/// Strings: `"` and `\` escaped, control bytes as \b \f \n \r \t or \u00xx, a low surrogate code
+/// point encoded in three bytes as \udxxx, and so a high one when a low one follows it; every other
+/// byte, valid UTF-8 or not, unchanged (so also a lone high surrogate's bytes, which a reader could not
+/// take as an escape without a low surrogate after it).
 ///
 /// Undefined, anywhere in the tree, is written as `null`, so that every tree has a text.
 /// A NaN or an infinity has no JSON form and is refused rather than silently changed.

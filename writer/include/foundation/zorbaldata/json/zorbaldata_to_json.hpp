@@ -18,8 +18,10 @@ namespace foundation::zorbaldata::json {
 /// the enumerators gives an Undefined value, without reading the array.
 /// @throws std::runtime_error "Must have at least two dimensions" for an array, or one it contains, of
 /// fewer than two dimensions; "Number of elements did not match specified dimensions" when an array's
-/// elements disagree with its dimensions; "Value object arrays are not written yet" and "Handle object
-/// arrays are not written yet" for those kinds.
+/// elements disagree with its dimensions. The object writers have their own failures: see
+/// detail/object_writer.hpp.
+/// @throws ArrayNestingTooDeep for arrays holding arrays more than 1000 levels deep, array included,
+/// wherever they stand.
 /// @throws foundation::zorbaldata::EArrayUnknownDataType for an array whose type is no ArrayType.
 /// @throws yx::i18n::CvtInvalidCharacter for text that cannot be written as UTF-8 even with surrogates.
 FOUNDATION_ZORBALDATA_JSON_API foundation::json::Value zorbaldata_to_json(Array array,

@@ -3,6 +3,7 @@
 
 #include <frontend/detail/converting_iterator.hpp>
 #include <frontend/detail/nesting_limit.hpp>
+#include <frontend/detail/object_elements.hpp>
 
 #include <foundation/zorbaldata/array.hpp>
 #include <foundation/zorbaldata/array_factory.hpp>
@@ -129,7 +130,69 @@ public:
     Array create_sparse_array(
         std::vector<unsigned long> dimensions, unsigned long count, SparseBuffers<T> buffers) const;
 
+    template <typename T>
+    using EntryIterator = ConvertingIterator<T, foundation::zorbaljson::detail::ObjectEntryPosition>;
+    using PropertyEntry = foundation::zorbaljson::detail::PropertyEntry;
+    using PropertyMap = foundation::zorbaljson::detail::PropertyMap;
+    using HeterogeneousElement = foundation::zorbaljson::detail::HeterogeneousElement;
+
+    /// A VALUE_OBJECT array of one element of the class, standing for an array of the dimensions: each
+    /// property of data holds the values of all those elements (as many as the dimensions' product, 1 for
+    /// none), each of metadata belongs to the array as a whole. A property whose conversion throws is
+    /// left out, whatever was thrown.
+    /// @throws foundation::zorbaljson::ObjectNotSupportedException, with the class name, when the
+    /// factory makes no objects, before any property is read. @throws
+    /// foundation::zorbaljson::MismatchedZQSize for a property of data of another element count.
+    /// @throws foundation::zorbaljson::PropertyExistsException for a name in both ranges.
+    Array create_single_object(EntryIterator<PropertyEntry> data, EntryIterator<PropertyEntry> data_end,
+        EntryIterator<PropertyEntry> metadata, EntryIterator<PropertyEntry> metadata_end,
+        std::vector<unsigned long> const& dimensions, std::string const& class_name) const;
+
+    /// A VALUE_OBJECT array of the class and the dimensions. The class declares the properties of the
+    /// first element, which is therefore read twice; every element gets those properties, with the
+    /// empty array where it lacks one, and nothing else.
+    /// @throws foundation::zorbaljson::MismatchedZQSize once the loop has ended, as create_cell.
+    /// @throws what reading an element throws; the factory's exceptions, unchanged (such as
+    /// foundation::zorbaldata::ObjectNotSupportedException).
+    Array create_object_array(ConvertingIterator<PropertyMap> begin, ConvertingIterator<PropertyMap> end,
+        std::vector<unsigned long> const& dimensions, std::string const& class_name) const;
+
+    /// A VALUE_OBJECT array without a class of the dimensions, each element of its own class with its own
+    /// properties; every element is read twice, for its properties and for its class. An empty range
+    /// leaves the elements as the factory made them, whatever the dimensions.
+    /// @throws as create_object_array.
+    Array create_heterogeneous_array(ConvertingIterator<HeterogeneousElement> begin,
+        ConvertingIterator<HeterogeneousElement> end, std::vector<unsigned long> const& dimensions) const;
+
+    /// A HANDLE_OBJECT_REF array of the dimensions whose elements are the objects of the range, as
+    /// create_object_array makes them, with the ids read from id on, a decimal number each, of the
+    /// virtual machine kvx_id, a decimal number whose low eight bits make its KVXID. Within one
+    /// conversion, one object id has one handle: a later element with a known id gets that handle, and
+    /// its own properties are dropped. There is an id for each element of the range.
+    /// @throws foundation::zorbaljson::InvaildKVXID for an empty kvx_id, before anything is read.
+    /// @throws as create_object_array; then the std::invalid_argument or std::out_of_range of std::stoul
+    /// for kvx_id and of std::stoll for the first bad id.
+    Array create_handle_array(ConvertingIterator<PropertyMap> begin, ConvertingIterator<PropertyMap> end,
+        ConvertingIterator<std::string> id, std::string const& kvx_id, std::vector<unsigned long> const& dimensions,
+        std::string const& class_name);
+
+    /// As create_handle_array, each object of its own class as in create_heterogeneous_array; an empty
+    /// range with elements to fill fails too.
+    /// @throws as create_handle_array.
+    Array create_heterogeneous_handle_array(ConvertingIterator<HeterogeneousElement> begin,
+        ConvertingIterator<HeterogeneousElement> end, ConvertingIterator<std::string> id,
+        std::string const& kvx_id, std::vector<unsigned long> const& dimensions);
+
 private:
+    /// Fills array with the objects of the range, each of its own class.
+    /// @throws foundation::zorbaljson::MismatchedZQSize, as create_cell; what reading an element throws.
+    void fill_heterogeneous_array(Array& array, ConvertingIterator<HeterogeneousElement> begin,
+        ConvertingIterator<HeterogeneousElement> end) const;
+
+    /// Fills handles with the handles of the objects, whose ids the range gives, one for each element.
+    void fill_handle_array(Array& handles, Array const& objects, ConvertingIterator<std::string> id,
+        unsigned long kvx_number);
+
     ArrayFactory& factory_;
     std::unordered_map<long long, HandleObjectRef> handle_table_;
     foundation::zorbaljson::detail::NestingDepth nesting_;

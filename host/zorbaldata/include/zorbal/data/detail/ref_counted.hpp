@@ -17,11 +17,13 @@ public:
     /// Takes one more reference.
     void addRef() const noexcept { count_.fetch_add(1, std::memory_order_relaxed); }
 
-    /// Drops one reference; the last one destroys the object.
+    /// Drops one reference; the last one destroys the object. Objects that a destruction releases in
+    /// turn (the elements of a cell, the value of a handle...) are destroyed one after the other, not
+    /// inside each other, so that freeing arrays nested a million deep needs no more stack than one.
     void release() const noexcept
     {
         if (count_.fetch_sub(1, std::memory_order_acq_rel) == 1)
-            delete this;
+            destroy(this);
     }
 
     /// Whether another reference exists, so that a write must copy first.
@@ -32,6 +34,8 @@ protected:
     virtual ~RefCounted();
 
 private:
+    static void destroy(RefCounted const* object) noexcept;
+
     mutable std::atomic<long> count_{1};
 };
 

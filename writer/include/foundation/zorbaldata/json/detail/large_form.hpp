@@ -23,6 +23,9 @@ public:
     /// Sets key, zqcomplex or zqsparse, to true.
     void set_flag(std::string const& key);
 
+    /// Sets key, such as zqmetadata, to value.
+    void set(std::string const& key, JsonValue value);
+
     /// The finished form, with data under zqdata.
     JsonValue finish(JsonValue data) &&;
 

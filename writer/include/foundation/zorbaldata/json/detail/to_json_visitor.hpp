@@ -11,6 +11,7 @@
 #include <foundation/zorbaldata/json/detail/enum_writer.hpp>
 #include <foundation/zorbaldata/json/detail/json_types.hpp>
 #include <foundation/zorbaldata/json/detail/numeric_writer.hpp>
+#include <foundation/zorbaldata/json/detail/object_writer.hpp>
 #include <foundation/zorbaldata/json/detail/sparse_writer.hpp>
 #include <foundation/zorbaldata/json/detail/string_writer.hpp>
 #include <foundation/zorbaldata/json/detail/struct_writer.hpp>
@@ -25,7 +26,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -93,14 +93,14 @@ struct to_json_visitor {
             Range<TypedIterator, T const>(array.begin(), array.end()), value_maker<T, Nan>());
     }
 
-    JsonValue operator()(ValueObjectArray const&) const
+    JsonValue operator()(ValueObjectArray const& array) const
     {
-        throw std::runtime_error("Value object arrays are not written yet");
+        return write_value_objects(array, Filter, to_json<Mode, Nan, Filter>);
     }
 
-    JsonValue operator()(TypedArray<HandleObjectRef> const&) const
+    JsonValue operator()(TypedArray<HandleObjectRef> const& array) const
     {
-        throw std::runtime_error("Handle object arrays are not written yet");
+        return write_handles(array, Filter, to_json<Mode, Nan, Filter>);
     }
 };
 

@@ -6,6 +6,7 @@
 #include <foundation/json/value.hpp>
 #include <foundation/zorbaldata/array.hpp>
 
+#include <string>
 #include <vector>
 
 namespace foundation::zorbaljson::detail {
@@ -69,12 +70,32 @@ public:
     /// be a string", InvalidStringElemType for another word than "missing", yx::i18n::CvtInvalidCharacter
     /// for text that is no UTF-8; MismatchedZQSize after the loop.
     Array operator()(ZorbalTypeTag<ZorbalString>) const;
-    /// Value objects (handle false) and handle objects (handle true).
-    /// @throws std::runtime_error "Value object arrays are not read yet" or "Handle object arrays are not
-    /// read yet".
+    /// Objects of the class named in "zqtype": value objects, or for handle true, handle objects of
+    /// which "zqhandle" gives the identities. "zqdata" is one object standing for an array of the
+    /// dimensions (properties of as many elements each, array properties in "zqmetadata"; handle is then
+    /// not looked at), or a list of objects, one for each element, of the class or, under the class
+    /// "zorbal.mixin.Heterogeneous", each of the class in its own "zqtype". The single object is tried
+    /// first, for every class but the heterogeneous one; its failures other than MismatchedZQSize,
+    /// PropertyExistsException and ObjectNotSupportedException send the reading to the list.
+    /// @throws InvalidZQDataType("object", "JSON array", "") when "zqdata" is neither object nor list,
+    /// or is an object that could not be read; MismatchedZQSize for a property of the single object
+    /// whose element count differs from the dimensions', or a list of another length;
+    /// PropertyExistsException for a name in both "zqdata" and "zqmetadata";
+    /// ObjectNotSupportedException when the factory makes no objects (from the single object; the list
+    /// lets foundation::zorbaldata::ObjectNotSupportedException pass). For lists: what an element's
+    /// properties throw as element_properties and heterogeneous_element say; for handles also
+    /// read_handle_reference's failures, MismatchInRefAndDataLength, InvaildKVXID and those of
+    /// std::stoul and std::stoll for ids that are no decimal numbers.
     Array object_helper(bool handle) const;
 
 private:
+    /// The single-object form. @throws as object_helper, and anything else for the list to be tried.
+    Array read_single_object(std::string const& class_name) const;
+    /// The list of a homogeneous value object or handle array.
+    Array read_object_list(bool handle, std::string const& class_name) const;
+    /// The list of a heterogeneous value object or handle array.
+    Array read_heterogeneous_list(bool handle) const;
+
     /// A sparse array of T (float, double or bool) from the lists in "zqdata": rows, columns and, but
     /// for logical arrays, values (for complex two for each element, real part first). Indices are
     /// doubles, truncated, and go to the factory as they are.

@@ -11,5 +11,13 @@ extern std::string const zqtype_key;
 extern std::string const zqcomplex_key;
 extern std::string const zqsparse_key;
 extern std::string const zqhandle_key;
+extern std::string const zqmetadata_key;
+/// The members of "zqhandle".
+extern std::string const zqkvxid_key;
+extern std::string const zqobjectid_key;
+/// A key of a heterogeneous element that names no property.
+extern std::string const zqclass_key;
+/// The "zqtype" of a value object array whose elements each name their own class.
+extern std::string const heterogeneous_class_name;
 
 } // namespace foundation::zorbaljson::detail

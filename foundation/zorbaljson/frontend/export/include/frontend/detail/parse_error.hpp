@@ -226,8 +226,13 @@ public:
 /// The array factory cannot create the object that the notation describes.
 class FOUNDATION_ZORBALDATA_JSON_API ObjectNotSupportedException : public ParseError {
 public:
-    ObjectNotSupportedException();
+    /// className is the class that the factory refused, as its own exception named it.
+    explicit ObjectNotSupportedException(std::string className = {});
     ~ObjectNotSupportedException() override;
+    std::string const& getClassName() const noexcept { return className_; }
+
+private:
+    std::string className_;
 };
 
 /// A handle array whose "zqdata" and "zqobjectID" differ in length.

@@ -7,16 +7,27 @@
 
 namespace foundation::zorbaljson::detail {
 
-/// The JSON array at "zqdata" of an array of the kind named label ("double", "logical", "cell"...),
-/// read in place: the readers only read it, and it outlives them.
-/// @throws InvalidZQDataType(label, "JSON array", "") when data is no JSON array, after writing
-/// "Caught std::runtime_error while casting data: " and the cast's message to JSONFrontendLogger.
-foundation::json::Array const& read_data_array(foundation::json::Value const& data, std::string const& label);
+/// The Alternative (JSON array, object or string) that data holds, read in place: the readers only read
+/// it, and it outlives them. key names the member that data is, where that is not "zqdata" itself.
+/// @throws InvalidZQDataType(label, name of the alternative, key) when data holds another alternative,
+/// after writing "Caught std::runtime_error while casting data: " and the cast's message to
+/// JSONFrontendLogger. Instantiated for foundation::json::Array, foundation::json::Object and std::string.
+template <typename Alternative>
+Alternative const& read_data(foundation::json::Value const& data, std::string const& label, std::string const& key);
 
-/// The JSON object at "zqdata" of an array of the kind named label ("struct"...), read in place.
-/// @throws InvalidZQDataType(label, "JSON object", "") when data is no JSON object, after the same log
-/// line as read_data_array.
-foundation::json::Object const& read_data_object(
-    foundation::json::Value const& data, std::string const& label);
+/// The JSON array at "zqdata" of an array of the kind named label ("double", "logical", "cell"...).
+/// @throws InvalidZQDataType(label, "JSON array", "") as read_data.
+inline foundation::json::Array const& read_data_array(foundation::json::Value const& data, std::string const& label)
+{
+    return read_data<foundation::json::Array>(data, label, {});
+}
+
+/// The JSON object at "zqdata" of an array of the kind named label ("struct"...).
+/// @throws InvalidZQDataType(label, "JSON object", "") as read_data.
+inline foundation::json::Object const& read_data_object(
+    foundation::json::Value const& data, std::string const& label)
+{
+    return read_data<foundation::json::Object>(data, label, {});
+}
 
 } // namespace foundation::zorbaljson::detail

@@ -1,0 +1,94 @@
+// The conversions of the properties and elements of object arrays.
+#include <frontend/detail/object_converters.hpp>
+
+#include <frontend/detail/json_value_to_zorbal_visitor.hpp>
+#include <frontend/detail/notation_keys.hpp>
+#include <frontend/detail/parse_error.hpp>
+
+#include <foundation/json/json_cast.hpp>
+#include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
+#include <foundation/zorbaljson/detail/json_frontend_logger.hpp>
+
+#include <stdexcept>
+#include <utility>
+
+namespace foundation::zorbaljson::detail {
+
+namespace {
+
+void log_failure(char const* caught, char const* what, std::string const& property)
+{
+    std::string line = "Caught ";
+    line.append(caught).append(" in JSON parser during object conversion: \"").append(what);
+    line.append("\" while handling property \"").append(property).append("\"");
+    JSONFrontendLogger::write(line);
+}
+
+} // namespace
+
+template <typename B>
+EntryConverter<PropertyEntry> property_conversion(B& backend)
+{
+    return [backend = &backend](foundation::json::Object::value_type const& entry) {
+        return PropertyEntry(entry.first, json_value_to_zorbal_visitor<B>(*backend)(entry.second));
+    };
+}
+
+template <typename B>
+ElementConverter<PropertyMap> element_properties(B& backend, std::string class_name)
+{
+    return [backend = &backend, class_name = std::move(class_name)](foundation::json::Value const& element) {
+        std::string property = "(property not initialized)";
+        try {
+            PropertyMap properties;
+            for (auto const& [name, value] : foundation::json::json_cast<foundation::json::Object>(element)) {
+                property = name;
+                properties.emplace(name, json_value_to_zorbal_visitor<B>(*backend)(value));
+            }
+            return properties;
+        } catch (ParseError const& e) {
+            log_failure("ParseError", e.what(), property);
+            throw;
+        } catch (std::runtime_error const& e) {
+            log_failure("std::runtime_error", e.what(), property);
+        } catch (...) {
+            JSONFrontendLogger::write(
+                "Caught unknown error in JSON parser during object conversion while handling property \"" + property
+                + "\"");
+        }
+        throw InvalidZQDataType(class_name, "object", "");
+    };
+}
+
+template <typename B>
+ElementConverter<HeterogeneousElement> heterogeneous_element(B& backend)
+{
+    return [backend = &backend](foundation::json::Value const& element) {
+        HeterogeneousElement result;
+        bool has_class = false;
+        for (auto const& [name, value] : foundation::json::json_cast<foundation::json::Object>(element)) {
+            if (name == zqtype_key) {
+                result.first = foundation::json::json_cast<std::string>(value);
+                has_class = true;
+            } else {
+                result.second.emplace(name, json_value_to_zorbal_visitor<B>(*backend)(value));
+            }
+        }
+        // There is no class name yet to end the text with.
+        if (!has_class)
+            throw std::runtime_error("Missing zqtype property in an object array of class ");
+        return result;
+    };
+}
+
+ElementConverter<std::string> object_id_converter()
+{
+    return [](foundation::json::Value const& id) { return foundation::json::json_cast<std::string>(id); };
+}
+
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template EntryConverter<PropertyEntry> property_conversion(Backend&);
+template ElementConverter<PropertyMap> element_properties(Backend&, std::string);
+template ElementConverter<HeterogeneousElement> heterogeneous_element(Backend&);
+
+} // namespace foundation::zorbaljson::detail

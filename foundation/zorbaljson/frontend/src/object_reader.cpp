@@ -1,0 +1,117 @@
+// The reader of value object and handle arrays: one object standing for an array, or a list of objects.
+#include <frontend/detail/large_format_visitor.hpp>
+
+#include <frontend/detail/converting_iterator.hpp>
+#include <frontend/detail/handle_reference.hpp>
+#include <frontend/detail/notation_keys.hpp>
+#include <frontend/detail/object_converters.hpp>
+#include <frontend/detail/parse_error.hpp>
+#include <frontend/detail/read_data.hpp>
+
+#include <foundation/json/json_cast.hpp>
+#include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
+#include <foundation/zorbaljson/detail/json_frontend_logger.hpp>
+
+#include <cstddef>
+#include <string>
+
+namespace foundation::zorbaljson::detail {
+
+namespace {
+
+std::string const object_label = "object";
+
+// The identities that turn a list of objects into handles, with as many ids as the list has elements;
+// build makes the array of the ids and the virtual machine's id.
+template <typename Build>
+foundation::zorbaldata::Array read_handles(
+    foundation::json::Object const& object, std::string const& class_name, std::size_t count, Build build)
+{
+    HandleReference const reference = read_handle_reference(object, class_name);
+    if (count != reference.object_ids->size())
+        throw MismatchInRefAndDataLength();
+    ElementConverter<std::string> const convert = object_id_converter();
+    return build(ConvertingIterator<std::string>(reference.object_ids->data(), convert), reference.kvx_id);
+}
+
+} // namespace
+
+template <typename B>
+foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::object_helper(bool handle) const
+{
+    std::string const& class_name = foundation::json::json_cast<std::string>(object_.at(zqtype_key));
+    JSONFrontendLogger::write("JSON parser is parsing object of type: " + class_name);
+    if (class_name == heterogeneous_class_name)
+        return read_heterogeneous_list(handle);
+    try {
+        return read_single_object(class_name);
+    } catch (MismatchedZQSize const&) {
+        throw;
+    } catch (PropertyExistsException const&) {
+        throw;
+    } catch (ObjectNotSupportedException const&) {
+        throw;
+    } catch (NestingTooDeep const&) {
+        // A tree too deep to read is refused as such, whichever form it has.
+        throw;
+    } catch (...) {
+        // The data may still be a list; if it is not, the list's reader says so, and this failure is lost.
+    }
+    return read_object_list(handle, class_name);
+}
+
+template <typename B>
+foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_single_object(
+    std::string const& class_name) const
+{
+    foundation::json::Object const& data = read_data_object(data_, object_label);
+    // Without "zqmetadata" the metadata range is any empty one.
+    auto metadata_begin = data.end();
+    auto metadata_end = data.end();
+    if (auto const metadata = object_.find(zqmetadata_key); metadata != object_.end()) {
+        foundation::json::Object const& properties = read_data_object(metadata->second, object_label);
+        metadata_begin = properties.begin();
+        metadata_end = properties.end();
+    }
+    auto const level = backend_->nesting().enter();
+    using Iterator = ConvertingIterator<PropertyEntry, ObjectEntryPosition>;
+    EntryConverter<PropertyEntry> const convert = property_conversion(*backend_);
+    return backend_->create_single_object(Iterator(data.begin(), convert), Iterator(data.end(), convert),
+        Iterator(metadata_begin, convert), Iterator(metadata_end, convert), dims_, class_name);
+}
+
+template <typename B>
+foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_object_list(
+    bool handle, std::string const& class_name) const
+{
+    foundation::json::Array const& list = read_data_array(data_, object_label);
+    // The list and an element's object are two levels between this object and a property's value.
+    auto const level = backend_->nesting().enter(2);
+    ElementConverter<PropertyMap> const convert = element_properties(*backend_, class_name);
+    auto const [begin, end] = converting_range(list, convert);
+    if (!handle)
+        return backend_->create_object_array(begin, end, dims_, class_name);
+    return read_handles(object_, class_name, list.size(), [&](auto ids, std::string const& kvx_id) {
+        return backend_->create_handle_array(begin, end, ids, kvx_id, dims_, class_name);
+    });
+}
+
+template <typename B>
+foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_heterogeneous_list(bool handle) const
+{
+    foundation::json::Array const& list = read_data_array(data_, object_label);
+    auto const level = backend_->nesting().enter(2);
+    ElementConverter<HeterogeneousElement> const convert = heterogeneous_element(*backend_);
+    auto const [begin, end] = converting_range(list, convert);
+    if (!handle)
+        return backend_->create_heterogeneous_array(begin, end, dims_);
+    return read_handles(object_, heterogeneous_class_name, list.size(),
+        [&](auto ids, std::string const& kvx_id) {
+            return backend_->create_heterogeneous_handle_array(begin, end, ids, kvx_id, dims_);
+        });
+}
+
+using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
+template foundation::zorbaldata::Array Visitor::object_helper(bool) const;
+
+} // namespace foundation::zorbaljson::detail

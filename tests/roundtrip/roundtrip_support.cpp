@@ -1,0 +1,119 @@
+// What the round-trip tests share.
+#include "roundtrip_support.hpp"
+
+#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
+#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <type_traits>
+
+namespace zq::test::roundtrip {
+
+namespace {
+
+enum class Nan { Kept, AsRead };
+
+std::uint64_t bits(double value, Nan nan)
+{
+    return nan == Nan::AsRead && std::isnan(value) ? 0xFFF8000000000000 : std::bit_cast<std::uint64_t>(value);
+}
+
+std::uint64_t bits(float value, Nan nan)
+{
+    return nan == Nan::AsRead && std::isnan(value) ? 0xFFC00000 : std::bit_cast<std::uint32_t>(value);
+}
+
+template <typename Range>
+void append(Range const& values, Nan nan, std::vector<std::uint64_t>& out)
+{
+    for (auto const& value : values) {
+        if constexpr (zd::detail::isComplex<std::remove_cvref_t<decltype(value)>>) {
+            out.push_back(bits(value.real(), nan));
+            out.push_back(bits(value.imag(), nan));
+        } else {
+            out.push_back(bits(value, nan));
+        }
+    }
+}
+
+void collect(zd::Array const& array, Nan nan, std::vector<std::uint64_t>& out)
+{
+    using enum zd::ArrayType;
+    using ComplexDouble = std::complex<double>;
+    using ComplexSingle = std::complex<float>;
+    switch (array.getType()) {
+    case DOUBLE: return append(zd::getReadOnlyElements<double>(array), nan, out);
+    case SINGLE: return append(zd::getReadOnlyElements<float>(array), nan, out);
+    case COMPLEX_DOUBLE: return append(zd::getReadOnlyElements<ComplexDouble>(array), nan, out);
+    case COMPLEX_SINGLE: return append(zd::getReadOnlyElements<ComplexSingle>(array), nan, out);
+    case SPARSE_DOUBLE: return append(zd::SparseArray<double>(array), nan, out);
+    case SPARSE_SINGLE: return append(zd::SparseArray<float>(array), nan, out);
+    case SPARSE_COMPLEX_DOUBLE: return append(zd::SparseArray<ComplexDouble>(array), nan, out);
+    case SPARSE_COMPLEX_SINGLE: return append(zd::SparseArray<ComplexSingle>(array), nan, out);
+    case CELL:
+        for (zd::Array const element : zd::getReadOnlyElements<zd::Array>(array))
+            collect(element, nan, out);
+        return;
+    case STRUCT: {
+        // The readers give the fields in byte order of their names, whatever order they were made in.
+        std::vector<std::string> names;
+        for (zd::ZorbalFieldIdentifier const& name : zd::StructArray(array).getFieldNames())
+            names.push_back(name.getString());
+        std::sort(names.begin(), names.end());
+        for (std::string const& name : names)
+            for (auto const& element : zd::getReadOnlyElements<zd::StructElement>(array))
+                collect(element[name], nan, out);
+        return;
+    }
+    default: return;
+    }
+}
+
+std::vector<std::uint64_t> collect(zd::Array const& array, Nan nan)
+{
+    std::vector<std::uint64_t> out;
+    collect(array, nan, out);
+    return out;
+}
+
+} // namespace
+
+std::string describe(Setting setting)
+{
+    return std::string(setting.mode == ToJsonMode::Large ? "Large" : "Small") + ", NanType "
+        + (setting.nan == NanType::String ? "String" : "Object");
+}
+
+std::string text_of(zd::Array const& array, Setting setting)
+{
+    return zd::json::zorbaldata_to_string(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll);
+}
+
+zd::Array from_text(std::string const& text)
+{
+    zd::ArrayFactory factory;
+    return zd::json::string_to_zorbaldata(text, factory);
+}
+
+zd::Array written_and_read(zd::Array const& array, Setting setting, Path path)
+{
+    if (path == Path::Text)
+        return from_text(text_of(array, setting));
+    zd::ArrayFactory factory;
+    return zd::json::json_to_zorbaldata(
+        zd::json::zorbaldata_to_json(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll), factory);
+}
+
+std::vector<std::uint64_t> floating_bits(zd::Array const& array)
+{
+    return collect(array, Nan::Kept);
+}
+
+std::vector<std::uint64_t> floating_bits_as_read(zd::Array const& array)
+{
+    return collect(array, Nan::AsRead);
+}
+
+} // namespace zq::test::roundtrip
