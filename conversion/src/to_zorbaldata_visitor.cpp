@@ -21,32 +21,29 @@ using foundation::zorbaldata::detail::ElementType;
 using foundation::zorbaljson::IncompleteComplexData;
 using foundation::zorbaljson::MismatchedZQSize;
 
-// The array is made before the data are counted, so a size the factory refuses is reported first.
-template <typename T, typename Data>
-Array create_filled(ArrayFactory const& factory, ArrayType type, std::vector<unsigned long> dimensions,
-    Data const& data)
-{
-    Array array = factory.createArray(type, std::move(dimensions));
-    if (data.size() != array.getNumberOfElements())
-        throw MismatchedZQSize();
-    auto elements = getWritableElements<T>(array);
-    std::copy(data.begin(), data.end(), elements.begin());
-    return array;
-}
-
 } // namespace
 
 Array to_zorbaldata_visitor::create_double_array(
     std::vector<unsigned long> dimensions, std::vector<double> const& data) const
 {
-    return create_filled<double>(factory_, ArrayType::DOUBLE, std::move(dimensions), data);
+    // The array is made before the data are counted, so a size the factory refuses is reported first.
+    Array array = factory_.createArray(ArrayType::DOUBLE, std::move(dimensions));
+    if (data.size() != array.getNumberOfElements())
+        throw MismatchedZQSize();
+    std::copy(data.begin(), data.end(), getWritableElements<double>(array).begin());
+    return array;
 }
 
-Array to_zorbaldata_visitor::create_logical_array(
-    std::vector<unsigned long> dimensions, std::vector<bool> const& data) const
+template <typename T>
+Array to_zorbaldata_visitor::create_scalar(T const value) const
 {
-    return create_filled<bool>(factory_, ArrayType::LOGICAL, std::move(dimensions), data);
+    Array array = factory_.createArray(ElementType<T>::value, { 1, 1 });
+    *getWritableElements<T>(array).begin() = value;
+    return array;
 }
+
+template Array to_zorbaldata_visitor::create_scalar(double) const;
+template Array to_zorbaldata_visitor::create_scalar(bool) const;
 
 Array to_zorbaldata_visitor::create_char_array(std::u16string const& text) const
 {

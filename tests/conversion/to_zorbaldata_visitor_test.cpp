@@ -24,9 +24,16 @@ TEST(ToZorbaldataVisitor, DataFillStorageOrder)
     zd::TypedArray<double> const doubles(backend.create_double_array({2, 3}, {1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(doubles.getDimensions(), (Dims{2, 3}));
     EXPECT_EQ(std::vector<double>(doubles.begin(), doubles.end()), (std::vector<double>{1, 2, 3, 4, 5, 6}));
+}
 
-    zd::TypedArray<bool> const logicals(backend.create_logical_array({1, 3}, {true, false, true}));
-    EXPECT_EQ(std::vector<bool>(logicals.begin(), logicals.end()), (std::vector<bool>{true, false, true}));
+TEST(ToZorbaldataVisitor, ScalarsAreOneByOne)
+{
+    zd::ArrayFactory factory;
+    to_zorbaldata_visitor backend(factory);
+    zd::Array const number = backend.create_scalar(-2.5);
+    EXPECT_EQ(number, factory.createScalar(-2.5));
+    EXPECT_EQ(backend.create_scalar(true), factory.createScalar(true));
+    EXPECT_EQ(backend.create_scalar(false), factory.createScalar(false));
 }
 
 TEST(ToZorbaldataVisitor, RefusesTooFewAndTooManyData)
@@ -37,8 +44,6 @@ TEST(ToZorbaldataVisitor, RefusesTooFewAndTooManyData)
         mismatch);
     EXPECT_THROW_WHAT(backend.create_double_array({2, 2}, {1, 2, 3, 4, 5}),
         foundation::zorbaljson::MismatchedZQSize, mismatch);
-    EXPECT_THROW_WHAT(backend.create_logical_array({0, 3}, {true}), foundation::zorbaljson::MismatchedZQSize,
-        mismatch);
 }
 
 // The array is made first: a size that cannot be had is reported before the count of the data.

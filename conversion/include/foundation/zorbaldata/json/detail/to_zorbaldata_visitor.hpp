@@ -45,9 +45,10 @@ public:
     /// after the array was made.
     Array create_double_array(std::vector<unsigned long> dimensions, std::vector<double> const& data) const;
 
-    /// A LOGICAL array of the dimensions holding data in storage order.
-    /// @throws foundation::zorbaljson::MismatchedZQSize as create_double_array.
-    Array create_logical_array(std::vector<unsigned long> dimensions, std::vector<bool> const& data) const;
+    /// The 1-by-1 DOUBLE (T double) or LOGICAL (T bool) array holding value: a bare JSON number or
+    /// boolean, which documents hold by the million as struct fields and cell elements.
+    template <typename T>
+    Array create_scalar(T value) const;
 
     /// The char array that the factory makes of text.
     Array create_char_array(std::u16string const& text) const;

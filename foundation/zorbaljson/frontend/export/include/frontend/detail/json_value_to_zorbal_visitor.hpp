@@ -35,8 +35,8 @@ public:
     Array operator()(foundation::json::Undefined) const { return empty(); }
     /// @throws NullNotSupported always.
     Array operator()(foundation::json::Null) const { throw NullNotSupported(); }
-    Array operator()(bool value) const { return backend_->create_logical_array({1, 1}, {value}); }
-    Array operator()(double value) const { return backend_->create_double_array({1, 1}, {value}); }
+    Array operator()(bool value) const { return backend_->create_scalar(value); }
+    Array operator()(double value) const { return backend_->create_scalar(value); }
     /// @throws yx::i18n::CvtInvalidCharacter for bytes that are not UTF-8.
     Array operator()(std::string const& value) const { return backend_->create_char_array(utf8_to_utf16(value)); }
     /// Nested JSON arrays in small notation, as read_small_notation says.
