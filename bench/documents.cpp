@@ -127,19 +127,9 @@ std::string nested_rows(std::size_t rows, std::size_t columns)
     Bits bits(3);
     std::string out;
     out.reserve(rows * columns * 24 + rows * 3 + 2);
-    out += '[';
-    for (std::size_t r = 0; r < rows; ++r) {
-        if (r != 0)
-            out += ',';
-        out += '[';
-        for (std::size_t c = 0; c < columns; ++c) {
-            if (c != 0)
-                out += ',';
-            append_number(out, mixed_double(bits));
-        }
-        out += ']';
-    }
-    out += ']';
+    append_list(out, rows, [&](std::string& row, std::size_t) {
+        append_list(row, columns, [&](std::string& o, std::size_t) { append_number(o, mixed_double(bits)); });
+    });
     return out;
 }
 
@@ -148,13 +138,7 @@ std::string short_strings(std::size_t count)
     Bits bits(4);
     std::string out;
     out.reserve(count * 12 + 2);
-    out += '[';
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i != 0)
-            out += ',';
-        append_short_string(out, bits);
-    }
-    out += ']';
+    append_list(out, count, [&](std::string& o, std::size_t) { append_short_string(o, bits); });
     return out;
 }
 
@@ -163,22 +147,20 @@ std::string records(std::size_t count)
     Bits bits(5);
     std::string out;
     out.reserve(count * 96 + 2);
-    out += '[';
-    for (std::size_t i = 0; i < count; ++i) {
-        out += i == 0 ? "{\"id\":" : ",{\"id\":";
-        append_number(out, i + 1);
-        out += ",\"name\":";
-        append_short_string(out, bits);
-        out += ",\"x\":";
-        append_number(out, quarter_step(bits));
-        out += ",\"y\":";
-        append_number(out, measurement(bits));
-        out += (bits.next() & 1) ? ",\"ok\":true" : ",\"ok\":false";
-        out += ",\"tag\":\"t";
-        append_number(out, bits.below(8));
-        out += "\"}";
-    }
-    out += ']';
+    append_list(out, count, [&](std::string& o, std::size_t i) {
+        o += "{\"id\":";
+        append_number(o, i + 1);
+        o += ",\"name\":";
+        append_short_string(o, bits);
+        o += ",\"x\":";
+        append_number(o, quarter_step(bits));
+        o += ",\"y\":";
+        append_number(o, measurement(bits));
+        o += (bits.next() & 1) ? ",\"ok\":true" : ",\"ok\":false";
+        o += ",\"tag\":\"t";
+        append_number(o, bits.below(8));
+        o += "\"}";
+    });
     return out;
 }
 

@@ -35,9 +35,11 @@ void require_kvx_id(std::string const& kvx_id)
 
 } // namespace
 
-void to_zorbaldata_visitor::fill_handle_array(
-    Array& handles, Array const& objects, ConvertingIterator<std::string> id, unsigned long const kvx_number)
+Array to_zorbaldata_visitor::create_handles(Array const& objects, ConvertingIterator<std::string> id,
+    std::string const& kvx_id, std::vector<unsigned long> const& dimensions)
 {
+    Array handles = factory_.createArray(ArrayType::HANDLE_OBJECT_REF, dimensions);
+    unsigned long const kvx_number = std::stoul(kvx_id, nullptr, 10);
     // The checks before the fill made the ids and both arrays equally long.
     auto const elements = getWritableElements<HandleObjectRef>(handles);
     auto object = getReadOnlyElements<ValueObject>(objects).begin();
@@ -57,6 +59,7 @@ void to_zorbaldata_visitor::fill_handle_array(
         }
         handle_ref_set_value_x(element.getRef().get(), known->second.get());
     }
+    return handles;
 }
 
 Array to_zorbaldata_visitor::create_handle_array(ConvertingIterator<PropertyMap> const begin,
@@ -65,10 +68,7 @@ Array to_zorbaldata_visitor::create_handle_array(ConvertingIterator<PropertyMap>
     std::string const& class_name)
 {
     require_kvx_id(kvx_id);
-    Array const objects = create_object_array(begin, end, dimensions, class_name);
-    Array handles = factory_.createArray(ArrayType::HANDLE_OBJECT_REF, dimensions);
-    fill_handle_array(handles, objects, id, std::stoul(kvx_id, nullptr, 10));
-    return handles;
+    return create_handles(create_object_array(begin, end, dimensions, class_name), id, kvx_id, dimensions);
 }
 
 Array to_zorbaldata_visitor::create_heterogeneous_handle_array(ConvertingIterator<HeterogeneousElement> const begin,
@@ -79,9 +79,7 @@ Array to_zorbaldata_visitor::create_heterogeneous_handle_array(ConvertingIterato
     Array objects = factory_.createValueObjectArray(dimensions);
     // Unlike a heterogeneous value object array, an empty list must match the dimensions here too.
     fill_heterogeneous_array(objects, begin, end);
-    Array handles = factory_.createArray(ArrayType::HANDLE_OBJECT_REF, dimensions);
-    fill_handle_array(handles, objects, id, std::stoul(kvx_id, nullptr, 10));
-    return handles;
+    return create_handles(objects, id, kvx_id, dimensions);
 }
 
 } // namespace foundation::zorbaldata::json::detail

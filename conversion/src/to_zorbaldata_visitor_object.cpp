@@ -70,16 +70,17 @@ Array to_zorbaldata_visitor::create_single_object(EntryIterator<PropertyEntry> d
     std::string const& class_name) const
 {
     // Made once: the factory's refusal is the same whichever of the three it comes from.
-    boost::optional<ValueObjectArray> made;
-    try {
-        ClassInfo const info = factory_.createClassInfo(ZorbalClassIdentifier(class_name));
-        ValueObject const object = factory_.createValueObject(info);
-        made = factory_.createValueObjectArray({ 1, 1 }, info);
-        store_object((*made)[0], object);
-    } catch (foundation::zorbaldata::ObjectNotSupportedException const& e) {
-        throw foundation::zorbaljson::ObjectNotSupportedException(e.getClassName());
-    }
-    ValueObjectArray array = std::move(*made);
+    ValueObjectArray array = [&] {
+        try {
+            ClassInfo const info = factory_.createClassInfo(ZorbalClassIdentifier(class_name));
+            ValueObject const object = factory_.createValueObject(info);
+            ValueObjectArray made = factory_.createValueObjectArray({ 1, 1 }, info);
+            store_object(made[0], object);
+            return made;
+        } catch (foundation::zorbaldata::ObjectNotSupportedException const& e) {
+            throw foundation::zorbaljson::ObjectNotSupportedException(e.getClassName());
+        }
+    }();
     standalone::detail::setExternalDimensions(array, dimensions, true);
 
     // Each property holds the values of all the elements the object stands for.

@@ -29,7 +29,9 @@ JsonObject handle_properties(HandleObjectRef const& handle, element_writer write
     zorbal::data::detail::RefCounted* shared = nullptr;
     object_reference_shared_copy_x(value[0].get(), &shared);
     ValueObject const object(shared);
-    return properties_object(object.cbegin(), object.cend(), write);
+    JsonObject properties;
+    add_properties(properties, object.cbegin(), object.cend(), write);
+    return properties;
 }
 
 } // namespace
@@ -48,14 +50,11 @@ JsonValue write_handles(TypedArray<HandleObjectRef> const& array, ObjectFilter c
     }
     zorbaldata::detail::validateObjectTypeFilter(filter, class_name);
     large_form form(array.getDimensions(), std::move(class_name));
-    JsonArray data(form.count());
-    unsigned long walked = 0;
-    for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment(), ++walked) {
-        if (walked == data.size())
-            throw zorbaljson::MismatchedZQSize();
-        data[walked] = JsonValue(handle_properties(handle_at(element.getRef()), write));
-    }
-    if (walked != form.count())
+    JsonArray data;
+    data.reserve(form.count());
+    for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment())
+        data.emplace_back(handle_properties(handle_at(element.getRef()), write));
+    if (data.size() != form.count())
         throw zorbaljson::MismatchedZQSize();
     return std::move(form).finish(JsonValue(std::move(data)));
 }

@@ -41,7 +41,9 @@ template <typename Iterator>
 JsonObject properties_or_fail(Iterator begin, Iterator const& end, element_writer write, char const* failure)
 {
     try {
-        return properties_object(std::move(begin), end, write);
+        JsonObject object;
+        add_properties(object, std::move(begin), end, write);
+        return object;
     } catch (ArrayNestingTooDeep const&) {
         throw;
     } catch (...) {
@@ -63,51 +65,58 @@ JsonValue write_external(ValueObjectArray const& array, std::string class_name, 
     return std::move(form).finish(JsonValue(std::move(data)));
 }
 
-// Each element carries its own class; nothing is caught.
-JsonValue write_heterogeneous(ValueObjectArray const& array, element_writer write)
+// The list shapes: one JSON object for each element, made by element_object; mismatch reports a walk
+// that disagrees with the dimensions.
+template <typename ElementObject>
+JsonValue write_list(ValueObjectArray const& array, std::string type_name, ElementObject const& element_object,
+    void (*mismatch)())
 {
-    large_form form(array.getDimensions(), heterogeneous_class_name);
+    large_form form(array.getDimensions(), std::move(type_name));
     JsonArray data;
     data.reserve(form.count());
     auto const elements = getReadOnlyElements<ValueObject>(array);
-    for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment()) {
-        JsonObject object;
-        object[zorbaljson::detail::zqtype_key]
-            = JsonValue(class_name_of(object_reference_get_class_info_x(element.getRef().get())));
-        for (auto property = properties_begin(element.getRef()), end = properties_end(element.getRef());
-             property != end; ++property)
-            set_property(object, *property, write);
-        data.emplace_back(std::move(object));
-    }
+    for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment())
+        data.emplace_back(element_object(element.getRef()));
     if (data.size() != form.count())
-        throw zorbaljson::MismatchedZQSize();
+        mismatch();
     return std::move(form).finish(JsonValue(std::move(data)));
+}
+
+// Each element carries its own class, which a property of that name replaces; nothing is caught.
+JsonValue write_heterogeneous(ValueObjectArray const& array, element_writer write)
+{
+    return write_list(
+        array, heterogeneous_class_name,
+        [write](Reference<ValueObject const> const& element) {
+            JsonObject object;
+            object[zorbaljson::detail::zqtype_key]
+                = JsonValue(class_name_of(object_reference_get_class_info_x(element.get())));
+            add_properties(object, properties_begin(element), properties_end(element), write);
+            return object;
+        },
+        [] { throw zorbaljson::MismatchedZQSize(); });
 }
 
 // A property that cannot be written is left out of its element's object.
 JsonValue write_homogeneous(ValueObjectArray const& array, std::string class_name, element_writer write)
 {
-    large_form form(array.getDimensions(), std::move(class_name));
-    JsonArray data;
-    data.reserve(form.count());
-    auto const elements = getReadOnlyElements<ValueObject>(array);
-    for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment()) {
-        JsonObject object;
-        for (auto property = properties_begin(element.getRef()), end = properties_end(element.getRef());
-             property != end; ++property) {
-            try {
-                set_property(object, *property, write);
-            } catch (ArrayNestingTooDeep const&) {
-                // Too deep an array is refused as a whole, not cut off where it stands.
-                throw;
-            } catch (...) {
+    return write_list(
+        array, std::move(class_name),
+        [write](Reference<ValueObject const> const& element) {
+            JsonObject object;
+            for (auto property = properties_begin(element), end = properties_end(element); property != end;
+                 ++property) {
+                try {
+                    set_property(object, *property, write);
+                } catch (ArrayNestingTooDeep const&) {
+                    // Too deep an array is refused as a whole, not cut off where it stands.
+                    throw;
+                } catch (...) {
+                }
             }
-        }
-        data.emplace_back(std::move(object));
-    }
-    if (data.size() != form.count())
-        throw_count_mismatch();
-    return std::move(form).finish(JsonValue(std::move(data)));
+            return object;
+        },
+        throw_count_mismatch);
 }
 
 } // namespace

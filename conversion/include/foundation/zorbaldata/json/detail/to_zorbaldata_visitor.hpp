@@ -190,9 +190,10 @@ private:
     void fill_heterogeneous_array(Array& array, ConvertingIterator<HeterogeneousElement> begin,
         ConvertingIterator<HeterogeneousElement> end) const;
 
-    /// Fills handles with the handles of the objects, whose ids the range gives, one for each element.
-    void fill_handle_array(Array& handles, Array const& objects, ConvertingIterator<std::string> id,
-        unsigned long kvx_number);
+    /// The HANDLE_OBJECT_REF array of the dimensions holding the handles of the objects, whose ids are
+    /// read from id on, of the virtual machine kvx_id.
+    Array create_handles(Array const& objects, ConvertingIterator<std::string> id, std::string const& kvx_id,
+        std::vector<unsigned long> const& dimensions);
 
     ArrayFactory& factory_;
     std::unordered_map<long long, HandleObjectRef> handle_table_;
