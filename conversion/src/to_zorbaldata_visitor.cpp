@@ -92,7 +92,7 @@ Array to_zorbaldata_visitor::create_complex_array(
 }
 
 Array to_zorbaldata_visitor::create_char_array(
-    std::vector<unsigned long> dimensions, std::string const& utf8) const
+    std::vector<unsigned long> dimensions, std::string_view utf8) const
 {
     Array array = factory_.createCharArray(std::move(dimensions));
     std::u16string const text = foundation::zorbaljson::detail::utf8_to_utf16(utf8);

@@ -10,8 +10,8 @@
 
 namespace foundation::zorbaldata::json::detail {
 
-Array to_zorbaldata_visitor::create_string(ConvertingIterator<boost::optional<std::string const&>> data,
-    ConvertingIterator<boost::optional<std::string const&>> const end,
+Array to_zorbaldata_visitor::create_string(ConvertingIterator<boost::optional<std::string_view>> data,
+    ConvertingIterator<boost::optional<std::string_view>> const end,
     std::vector<unsigned long> const& dimensions) const
 {
     using Element = zorbal::data::optional<std::u16string>;
@@ -19,7 +19,7 @@ Array to_zorbaldata_visitor::create_string(ConvertingIterator<boost::optional<st
     // The text is read in place from the tree; the UTF-16 string is the one allocation of an element,
     // and it moves into the array.
     fill_elements<Element>(
-        array, data, end, [](Reference<Element> const& element, boost::optional<std::string const&> text) {
+        array, data, end, [](Reference<Element> const& element, boost::optional<std::string_view> text) {
             Element value;
             if (text)
                 value = foundation::zorbaljson::detail::utf8_to_utf16(*text);

@@ -12,7 +12,7 @@ namespace foundation::zorbaljson::detail {
 template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(ZorbalTypeTag<ZorbalCell>) const
 {
-    foundation::json::Array const& list = read_data_array(data_, ZorbalTypeTraits<ZorbalCell>::name);
+    JsonNode const list = read_data_array(data_, ZorbalTypeTraits<ZorbalCell>::name);
     // The list is one level of nesting between this object and its entries.
     auto const level = backend_->nesting().enter();
     ElementConverter<Array> const convert = nested_document_converter(*backend_);

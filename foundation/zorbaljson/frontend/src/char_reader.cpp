@@ -4,8 +4,6 @@
 #include <frontend/detail/parse_error.hpp>
 #include <frontend/detail/read_data.hpp>
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/traits.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 #include <string>
@@ -15,10 +13,10 @@ namespace foundation::zorbaljson::detail {
 template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(ZorbalTypeTag<ZorbalChar>) const
 {
-    foundation::json::Array const& list = read_data_array(data_, ZorbalTypeTraits<ZorbalChar>::name);
-    if (list.size() != 1 || list.front().which() != foundation::json::traits<std::string>::which)
+    JsonNode const list = read_data_array(data_, ZorbalTypeTraits<ZorbalChar>::name);
+    if (list.size() != 1 || !(*list.begin()).is(json_kind::string))
         throw InvalidCharArrayZQData();
-    return backend_->create_char_array(dims_, foundation::json::json_cast<std::string>(list.front()));
+    return backend_->create_char_array(dims_, (*list.begin()).as_string());
 }
 
 using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;

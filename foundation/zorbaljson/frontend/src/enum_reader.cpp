@@ -5,7 +5,6 @@
 #include <frontend/detail/notation_keys.hpp>
 #include <frontend/detail/read_data.hpp>
 
-#include <foundation/json/json_cast.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 #include <string>
@@ -17,9 +16,9 @@ namespace {
 
 // Names are not tested against the class, which the reader does not know. The kind was chosen by the
 // first entry alone, so a later entry may still be no string and fail in the cast.
-std::string_view member_name(foundation::json::Value const& value)
+std::string_view member_name(JsonNode value)
 {
-    return foundation::json::json_cast<std::string>(value);
+    return value.as_string();
 }
 
 } // namespace
@@ -27,8 +26,8 @@ std::string_view member_name(foundation::json::Value const& value)
 template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(ZorbalTypeTag<ZorbalEnum>) const
 {
-    foundation::json::Array const& list = read_data_array(data_, ZorbalTypeTraits<ZorbalEnum>::name);
-    std::string const& class_name = foundation::json::json_cast<std::string>(object_.at(zqtype_key));
+    JsonNode const list = read_data_array(data_, ZorbalTypeTraits<ZorbalEnum>::name);
+    std::string const class_name((*object_.find(zqtype_key)).as_string());
     ElementConverter<std::string_view> const convert(&member_name);
     auto const [begin, end] = converting_range(list, convert);
     return backend_->create_enum(begin, end, dims_, class_name);

@@ -5,6 +5,8 @@
 #include <frontend/detail/parse_error.hpp>
 #include <frontend/detail/read_data.hpp>
 
+#include <foundation/json/value.hpp>
+
 #include <utility>
 
 namespace foundation::zorbaljson::detail {
@@ -14,25 +16,24 @@ namespace {
 std::string const handle_label = "handle";
 
 // A missing member reads as Undefined, which no cast accepts, so it fails as a member of the wrong kind.
-foundation::json::Value const& member(foundation::json::Object const& object, std::string const& key)
+JsonNode member(JsonNode object, std::string const& key)
 {
     static foundation::json::Value const undefined;
-    auto const found = object.find(key);
-    return found == object.end() ? undefined : found->second;
+    return object.find(key).value_or(JsonNode(undefined));
 }
 
 } // namespace
 
-HandleReference read_handle_reference(foundation::json::Object const& object, std::string const& class_name)
+HandleReference read_handle_reference(JsonNode object, std::string const& class_name)
 {
     auto const handle = object.find(zqhandle_key);
-    if (handle == object.end())
+    if (!handle)
         throw InvalidZQDataType(class_name, "handle reference", zqhandle_key);
-    auto const& members = read_data<foundation::json::Object>(handle->second, handle_label, zqhandle_key);
-    std::string kvx_id = read_data<std::string>(member(members, zqkvxid_key), handle_label, zqkvxid_key);
-    auto const& object_ids
-        = read_data<foundation::json::Array>(member(members, zqobjectid_key), handle_label, zqobjectid_key);
-    return { std::move(kvx_id), &object_ids };
+    JsonNode const members = read_data(*handle, json_kind::object, handle_label, zqhandle_key);
+    std::string kvx_id(
+        read_data(member(members, zqkvxid_key), json_kind::string, handle_label, zqkvxid_key).as_string());
+    JsonNode const object_ids = read_data(member(members, zqobjectid_key), json_kind::array, handle_label, zqobjectid_key);
+    return { std::move(kvx_id), object_ids };
 }
 
 } // namespace foundation::zorbaljson::detail

@@ -25,23 +25,25 @@ constexpr char const* type_name = ZorbalTypeTraits<numeric_kind_of<T>>::name;
 // Signed types read only the int64 alternative and unsigned ones only uint64, so an integer of the
 // other signedness is refused like any other alternative, before its range matters.
 template <std::integral T>
-T integral_element(Value const& value)
+T integral_element(JsonNode node)
 {
-    using Source = std::conditional_t<std::is_signed_v<T>, long long, unsigned long long>;
     try {
-        return boost::numeric_cast<T>(foundation::json::json_cast<Source>(value));
+        if constexpr (std::is_signed_v<T>)
+            return boost::numeric_cast<T>(node.as_int64());
+        else
+            return boost::numeric_cast<T>(node.as_uint64());
     } catch (...) {
         throw InvalidIntegralElem(type_name<T>);
     }
 }
 
 template <std::floating_point F>
-F floating_element(Value const& value)
+F floating_element(JsonNode node)
 {
     try {
-        if (value.which() == foundation::json::traits<std::string>::which)
-            return special_float_from_string<F>(foundation::json::json_cast<std::string>(value));
-        return read_floating<F>(value);
+        if (node.is(json_kind::string))
+            return special_float_from_string<F>(node.as_string());
+        return read_floating<F>(node);
     } catch (...) {
         throw InvalidFloatingElem(type_name<F>);
     }
@@ -50,49 +52,60 @@ F floating_element(Value const& value)
 } // namespace
 
 template <std::floating_point F>
-F read_floating(Value const& value)
+F read_floating(JsonNode node)
 {
     try {
-        if (value.which() == foundation::json::traits<foundation::json::Object>::which)
-            return special_float_from_object<F>(foundation::json::json_cast<foundation::json::Object>(value));
+        if (node.is(json_kind::object))
+            return special_float_from_object<F>(node);
         // A NaN passes the range test of a float, as no comparison holds for it.
-        return boost::numeric_cast<F>(foundation::json::json_cast<double>(value));
+        return boost::numeric_cast<F>(node.as_double());
     } catch (...) {
         throw InvalidFloatingElem(type_name<F>);
     }
 }
 
 template <typename T>
-T complex_part(Value const& value)
+T complex_part(JsonNode node)
 {
     if constexpr (std::is_floating_point_v<T>)
-        return read_floating<T>(value);
+        return read_floating<T>(node);
     else
-        return integral_element<T>(value);
+        return integral_element<T>(node);
+}
+
+template <typename T>
+T numeric_element(JsonNode node)
+{
+    if constexpr (std::is_floating_point_v<T>)
+        return floating_element<T>(node);
+    else
+        return integral_element<T>(node);
 }
 
 template <typename T, bool, int>
 T json2num(Value const& value)
 {
-    if constexpr (std::is_floating_point_v<T>)
-        return floating_element<T>(value);
-    else
-        return integral_element<T>(value);
+    return numeric_element<T>(JsonNode(value));
 }
 
-template float read_floating<float>(Value const&);
-template double read_floating<double>(Value const&);
+template float read_floating<float>(JsonNode);
+template double read_floating<double>(JsonNode);
 
-template signed char complex_part<signed char>(Value const&);
-template short complex_part<short>(Value const&);
-template int complex_part<int>(Value const&);
-template long long complex_part<long long>(Value const&);
-template unsigned char complex_part<unsigned char>(Value const&);
-template unsigned short complex_part<unsigned short>(Value const&);
-template unsigned int complex_part<unsigned int>(Value const&);
-template unsigned long long complex_part<unsigned long long>(Value const&);
-template float complex_part<float>(Value const&);
-template double complex_part<double>(Value const&);
+#define ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(T)                                                                \
+    template T complex_part<T>(JsonNode);                                                                  \
+    template T numeric_element<T>(JsonNode);
+
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(signed char)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(short)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(int)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(long long)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(unsigned char)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(unsigned short)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(unsigned int)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(unsigned long long)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(float)
+ZQ_INSTANTIATE_ELEMENT_CONVERSIONS(double)
+#undef ZQ_INSTANTIATE_ELEMENT_CONVERSIONS
 
 template FOUNDATION_ZORBALDATA_JSON_API signed char json2num<signed char, true, 0>(Value const&);
 template FOUNDATION_ZORBALDATA_JSON_API short json2num<short, true, 0>(Value const&);

@@ -3,8 +3,6 @@
 
 #include <frontend/detail/parse_error.hpp>
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/traits.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 #include <cmath>
@@ -14,14 +12,14 @@ namespace foundation::zorbaljson::detail {
 namespace {
 
 // Every fault of the size has the one failure, whatever it is.
-std::vector<unsigned long> read_dimensions(foundation::json::Array const& size)
+std::vector<unsigned long> read_dimensions(JsonNode size)
 {
     std::vector<unsigned long> dims;
     dims.reserve(size.size());
-    for (foundation::json::Value const& entry : size) {
-        if (entry.which() != foundation::json::traits<double>::which)
+    for (ElementCursor entry = size.begin(); entry != size.end(); ++entry) {
+        if (!(*entry).is(json_kind::number))
             throw InvalidZQSize();
-        double const extent = foundation::json::json_cast<double>(entry);
+        double const extent = (*entry).as_double();
         // modf gives a NaN a fraction of NaN and -0.0 one of 0, so NaN fails and -0.0 is 0; an infinity
         // has no fraction but fails the range.
         double whole;
@@ -37,8 +35,8 @@ std::vector<unsigned long> read_dimensions(foundation::json::Array const& size)
 } // namespace
 
 template <typename B>
-zorbal_json_large_format_visitor<B>::zorbal_json_large_format_visitor(foundation::json::Object const& object,
-    foundation::json::Value const& data, foundation::json::Array const& size, B& backend)
+zorbal_json_large_format_visitor<B>::zorbal_json_large_format_visitor(
+    JsonNode object, JsonNode data, JsonNode size, B& backend)
     : object_(object)
     , data_(data)
     , dims_(read_dimensions(size))

@@ -7,8 +7,6 @@
 #include <frontend/detail/property_readers.hpp>
 #include <frontend/detail/read_data.hpp>
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/traits.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 namespace foundation::zorbaljson::detail {
@@ -16,11 +14,11 @@ namespace foundation::zorbaljson::detail {
 namespace {
 
 // Numbers are no booleans, not even 0 and 1.
-bool logical_element(foundation::json::Value const& value)
+bool logical_element(JsonNode value)
 {
-    if (value.which() != foundation::json::traits<bool>::which)
+    if (!value.is(json_kind::boolean))
         throw InvalidLogicalElem();
-    return foundation::json::json_cast<bool>(value);
+    return value.as_bool();
 }
 
 } // namespace
@@ -29,7 +27,7 @@ template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(
     ZorbalTypeTag<ZorbalLogical>) const
 {
-    foundation::json::Array const& list = read_data_array(data_, ZorbalTypeTraits<ZorbalLogical>::name);
+    JsonNode const list = read_data_array(data_, ZorbalTypeTraits<ZorbalLogical>::name);
     if (read_flag(object_, zqsparse_key))
         return read_sparse<bool>(list, false);
     ElementConverter<bool> const convert(&logical_element);

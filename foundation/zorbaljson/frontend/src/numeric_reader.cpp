@@ -2,7 +2,6 @@
 #include <frontend/detail/large_format_visitor.hpp>
 
 #include <frontend/detail/converting_iterator.hpp>
-#include <frontend/detail/json2num.hpp>
 #include <frontend/detail/notation_keys.hpp>
 #include <frontend/detail/numeric_elements.hpp>
 #include <frontend/detail/parse_error.hpp>
@@ -23,7 +22,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(Ta
     using Traits = ZorbalTypeTraits<Tag::value>;
     using T = typename Traits::element_type;
     // The list, then both flags, whichever kind of array follows.
-    foundation::json::Array const& list = read_data_array(data_, Traits::name);
+    JsonNode const list = read_data_array(data_, Traits::name);
     bool const complex = read_flag(object_, zqcomplex_key);
     bool const sparse = read_flag(object_, zqsparse_key);
     if (sparse) {
@@ -37,7 +36,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(Ta
         auto const [begin, end] = converting_range(list, convert);
         return backend_->create_complex_array(dims_, begin, end);
     }
-    ElementConverter<T> const convert(&json2num<T, true, 0>);
+    ElementConverter<T> const convert(&numeric_element<T>);
     auto const [begin, end] = converting_range(list, convert);
     return backend_->create_real_array(dims_, begin, end);
 }

@@ -5,7 +5,6 @@
 #include <frontend/detail/notation_keys.hpp>
 #include <frontend/detail/parse_error.hpp>
 
-#include <foundation/json/json_cast.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 #include <foundation/zorbaljson/detail/json_frontend_logger.hpp>
 
@@ -29,21 +28,22 @@ void log_failure(char const* caught, char const* what, std::string const& proper
 template <typename B>
 EntryConverter<PropertyEntry> property_conversion(B& backend)
 {
-    return [backend = &backend](foundation::json::Object::value_type const& entry) {
-        return PropertyEntry(entry.first, json_value_to_zorbal_visitor<B>(*backend)(entry.second));
+    return [backend = &backend](JsonEntry entry) {
+        return PropertyEntry(std::string(entry.key), json_value_to_zorbal_visitor<B>(*backend)(entry.value));
     };
 }
 
 template <typename B>
 ElementConverter<PropertyMap> element_properties(B& backend, std::string class_name)
 {
-    return [backend = &backend, class_name = std::move(class_name)](foundation::json::Value const& element) {
+    return [backend = &backend, class_name = std::move(class_name)](JsonNode element) {
         std::string property = "(property not initialized)";
         try {
             PropertyMap properties;
-            for (auto const& [name, value] : foundation::json::json_cast<foundation::json::Object>(element)) {
-                property = name;
-                properties.emplace(name, json_value_to_zorbal_visitor<B>(*backend)(value));
+            element.expect(json_kind::object);
+            for (EntryCursor entry = element.entries_begin(); entry != element.entries_end(); ++entry) {
+                property = (*entry).key;
+                properties.emplace(property, json_value_to_zorbal_visitor<B>(*backend)((*entry).value));
             }
             return properties;
         } catch (ParseError const& e) {
@@ -63,12 +63,14 @@ ElementConverter<PropertyMap> element_properties(B& backend, std::string class_n
 template <typename B>
 ElementConverter<HeterogeneousElement> heterogeneous_element(B& backend)
 {
-    return [backend = &backend](foundation::json::Value const& element) {
+    return [backend = &backend](JsonNode element) {
         HeterogeneousElement result;
         bool has_class = false;
-        for (auto const& [name, value] : foundation::json::json_cast<foundation::json::Object>(element)) {
+        element.expect(json_kind::object);
+        for (EntryCursor entry = element.entries_begin(); entry != element.entries_end(); ++entry) {
+            auto const [name, value] = *entry;
             if (name == zqtype_key) {
-                result.first = foundation::json::json_cast<std::string>(value);
+                result.first = value.as_string();
                 has_class = true;
             } else {
                 result.second.emplace(name, json_value_to_zorbal_visitor<B>(*backend)(value));
@@ -83,7 +85,7 @@ ElementConverter<HeterogeneousElement> heterogeneous_element(B& backend)
 
 ElementConverter<std::string> object_id_converter()
 {
-    return [](foundation::json::Value const& id) { return foundation::json::json_cast<std::string>(id); };
+    return [](JsonNode id) { return std::string(id.as_string()); };
 }
 
 using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;

@@ -8,7 +8,6 @@
 #include <frontend/detail/parse_error.hpp>
 #include <frontend/detail/read_data.hpp>
 
-#include <foundation/json/json_cast.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 #include <foundation/zorbaljson/detail/json_frontend_logger.hpp>
 
@@ -25,13 +24,13 @@ std::string const object_label = "object";
 // build makes the array of the ids and the virtual machine's id.
 template <typename Build>
 foundation::zorbaldata::Array read_handles(
-    foundation::json::Object const& object, std::string const& class_name, std::size_t count, Build build)
+    JsonNode object, std::string const& class_name, std::size_t count, Build build)
 {
     HandleReference const reference = read_handle_reference(object, class_name);
-    if (count != reference.object_ids->size())
+    if (count != reference.object_ids.size())
         throw MismatchInRefAndDataLength();
     ElementConverter<std::string> const convert = object_id_converter();
-    return build(ConvertingIterator<std::string>(reference.object_ids->data(), convert), reference.kvx_id);
+    return build(ConvertingIterator<std::string>(reference.object_ids.begin(), convert), reference.kvx_id);
 }
 
 } // namespace
@@ -39,7 +38,7 @@ foundation::zorbaldata::Array read_handles(
 template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::object_helper(bool handle) const
 {
-    std::string const& class_name = foundation::json::json_cast<std::string>(object_.at(zqtype_key));
+    std::string const class_name((*object_.find(zqtype_key)).as_string());
     JSONFrontendLogger::write("JSON parser is parsing object of type: " + class_name);
     if (class_name == heterogeneous_class_name)
         return read_heterogeneous_list(handle);
@@ -64,19 +63,20 @@ template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_single_object(
     std::string const& class_name) const
 {
-    foundation::json::Object const& data = read_data_object(data_, object_label);
+    JsonNode const data = read_data_object(data_, object_label);
     // Without "zqmetadata" the metadata range is any empty one.
-    auto metadata_begin = data.end();
-    auto metadata_end = data.end();
-    if (auto const metadata = object_.find(zqmetadata_key); metadata != object_.end()) {
-        foundation::json::Object const& properties = read_data_object(metadata->second, object_label);
-        metadata_begin = properties.begin();
-        metadata_end = properties.end();
+    EntryCursor metadata_begin = data.entries_end();
+    EntryCursor metadata_end = data.entries_end();
+    if (auto const metadata = object_.find(zqmetadata_key)) {
+        JsonNode const properties = read_data_object(*metadata, object_label);
+        metadata_begin = properties.entries_begin();
+        metadata_end = properties.entries_end();
     }
     auto const level = backend_->nesting().enter();
     using Iterator = ConvertingIterator<PropertyEntry, ObjectEntryPosition>;
     EntryConverter<PropertyEntry> const convert = property_conversion(*backend_);
-    return backend_->create_single_object(Iterator(data.begin(), convert), Iterator(data.end(), convert),
+    return backend_->create_single_object(Iterator(data.entries_begin(), convert),
+        Iterator(data.entries_end(), convert),
         Iterator(metadata_begin, convert), Iterator(metadata_end, convert), dims_, class_name);
 }
 
@@ -84,7 +84,7 @@ template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_object_list(
     bool handle, std::string const& class_name) const
 {
-    foundation::json::Array const& list = read_data_array(data_, object_label);
+    JsonNode const list = read_data_array(data_, object_label);
     // The list and an element's object are two levels between this object and a property's value.
     auto const level = backend_->nesting().enter(2);
     ElementConverter<PropertyMap> const convert = element_properties(*backend_, class_name);
@@ -99,7 +99,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_object_l
 template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_heterogeneous_list(bool handle) const
 {
-    foundation::json::Array const& list = read_data_array(data_, object_label);
+    JsonNode const list = read_data_array(data_, object_label);
     auto const level = backend_->nesting().enter(2);
     ElementConverter<HeterogeneousElement> const convert = heterogeneous_element(*backend_);
     auto const [begin, end] = converting_range(list, convert);

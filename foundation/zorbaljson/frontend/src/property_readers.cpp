@@ -3,10 +3,10 @@
 
 namespace foundation::zorbaljson::detail {
 
-bool read_flag(foundation::json::Object const& object, std::string const& key)
+bool read_flag(JsonNode object, std::string const& key)
 {
     auto const flag = object.find(key);
-    return flag != object.end() && read_property<bool>(flag->second, key);
+    return flag && read_property(*flag, json_kind::boolean, key).as_bool();
 }
 
 } // namespace foundation::zorbaljson::detail

@@ -7,8 +7,6 @@
 #include <frontend/detail/parse_error.hpp>
 #include <frontend/detail/special_float.hpp>
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/traits.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 #include <utility>
@@ -17,14 +15,8 @@ namespace foundation::zorbaljson::detail {
 
 namespace {
 
-using foundation::json::json_cast;
-using foundation::json::traits;
-using foundation::json::Value;
-using JsonArray = foundation::json::Array;
-using JsonObject = foundation::json::Object;
-
 // Whatever refuses the element, the failure names the two kinds that meet.
-double small_double_element(Value const& value)
+double small_double_element(JsonNode value)
 {
     try {
         return read_floating<double>(value);
@@ -33,11 +25,11 @@ double small_double_element(Value const& value)
     }
 }
 
-bool small_logical_element(Value const& value)
+bool small_logical_element(JsonNode value)
 {
-    if (value.which() != traits<bool>::which)
+    if (!value.is(json_kind::boolean))
         throw ArrayInconsistentTypes("logical", small_element_name(value));
-    return json_cast<bool>(value);
+    return value.as_bool();
 }
 
 // A flat JSON array is a column; deeper nesting keeps every size, nothing squeezed.
@@ -51,7 +43,7 @@ std::vector<unsigned long> small_dimensions(std::vector<unsigned long> const& si
 }
 
 template <typename T, typename B>
-foundation::zorbaldata::Array create_small_array(B& backend, JsonArray const& array,
+foundation::zorbaldata::Array create_small_array(B& backend, JsonNode array,
     std::vector<unsigned long> const& sizes, ElementConverter<T> const& convert)
 {
     using Iterator = ConvertingIterator<T, NestedElementIterator>;
@@ -62,26 +54,26 @@ foundation::zorbaldata::Array create_small_array(B& backend, JsonArray const& ar
 
 } // namespace
 
-void first_element_walk(JsonArray const& array, SmallArrayShape& shape)
+void first_element_walk(JsonNode array, SmallArrayShape& shape)
 {
     // A loop rather than a recursion, so that a caller's tree of any depth costs no stack here; the
     // depth is judged from the sizes afterwards.
-    JsonArray const* level = &array;
+    JsonNode level = array;
     for (;;) {
-        shape.sizes.push_back(level->size());
-        if (level->empty()) {
+        shape.sizes.push_back(level.size());
+        if (level.size() == 0) {
             shape.kind = ZorbalDouble;
             shape.ended_on_empty = true;
             return;
         }
-        Value const& first = level->front();
-        switch (first.which()) {
-        case traits<bool>::which: shape.kind = ZorbalLogical; return;
-        case traits<double>::which: shape.kind = ZorbalDouble; return;
-        case traits<JsonArray>::which: level = &json_cast<JsonArray>(first); break;
-        case traits<JsonObject>::which:
+        JsonNode const first = *level.begin();
+        switch (first.kind()) {
+        case json_kind::boolean: shape.kind = ZorbalLogical; return;
+        case json_kind::number: shape.kind = ZorbalDouble; return;
+        case json_kind::array: level = first; break;
+        case json_kind::object:
             try {
-                static_cast<void>(special_float_from_object(json_cast<JsonObject>(first)));
+                static_cast<void>(special_float_from_object(first));
             } catch (...) {
                 throw InvalidArrayElemType();
             }
@@ -92,12 +84,13 @@ void first_element_walk(JsonArray const& array, SmallArrayShape& shape)
     }
 }
 
-void check_nested_shape(JsonArray const& array, std::vector<unsigned long>::const_iterator size,
+void check_nested_shape(JsonNode array, std::vector<unsigned long>::const_iterator size,
     std::vector<unsigned long>::const_iterator sizes_end)
 {
     bool const leaves = size == sizes_end;
-    for (Value const& element : array) {
-        bool const nested = element.which() == traits<JsonArray>::which;
+    for (ElementCursor cursor = array.begin(); cursor != array.end(); ++cursor) {
+        JsonNode const element = *cursor;
+        bool const nested = element.is(json_kind::array);
         if (leaves) {
             // Leaves are judged by kind later, in storage order; here only their depth counts.
             if (nested)
@@ -106,36 +99,35 @@ void check_nested_shape(JsonArray const& array, std::vector<unsigned long>::cons
         }
         if (!nested)
             throw ArrayInconsistentDepths();
-        JsonArray const& inner = json_cast<JsonArray>(element);
-        if (inner.size() != *size)
+        if (element.size() != *size)
             throw ArrayInconsistentSizes();
-        check_nested_shape(inner, size + 1, sizes_end);
+        check_nested_shape(element, size + 1, sizes_end);
     }
 }
 
-std::string small_element_name(Value const& value)
+std::string small_element_name(JsonNode value)
 {
-    switch (value.which()) {
-    case traits<bool>::which: return "logical";
-    case traits<double>::which: return "double";
-    case traits<std::string>::which: return "char";
-    case traits<JsonObject>::which: return "object";
-    case traits<float>::which: return "single";
-    case traits<long long>::which: return "int64";
-    case traits<unsigned long long>::which: return "uint64";
+    switch (value.kind()) {
+    case json_kind::boolean: return "logical";
+    case json_kind::number: return "double";
+    case json_kind::string: return "char";
+    case json_kind::object: return "object";
+    case json_kind::single: return "single";
+    case json_kind::int64: return "int64";
+    case json_kind::uint64: return "uint64";
     default: return "undefined";
     }
 }
 
 template <typename B>
-foundation::zorbaldata::Array read_small_notation(JsonArray const& array, B& backend)
+foundation::zorbaldata::Array read_small_notation(JsonNode array, B& backend)
 {
     SmallArrayShape shape;
     first_element_walk(array, shape);
     // The visitor counted the outermost array; the walk found how many lie below it. The recursive shape
     // check runs only once that depth is known to be allowed.
     auto const levels = backend.nesting().enter(shape.sizes.size() - 1);
-    if (!array.empty())
+    if (array.size() != 0)
         check_nested_shape(array, shape.sizes.cbegin() + 1, shape.sizes.cend());
     if (shape.ended_on_empty)
         shape.sizes.clear();
@@ -149,6 +141,6 @@ foundation::zorbaldata::Array read_small_notation(JsonArray const& array, B& bac
 }
 
 template foundation::zorbaldata::Array read_small_notation(
-    JsonArray const&, foundation::zorbaldata::json::detail::to_zorbaldata_visitor&);
+    JsonNode, foundation::zorbaldata::json::detail::to_zorbaldata_visitor&);
 
 } // namespace foundation::zorbaljson::detail

@@ -3,7 +3,7 @@
 
 #include <frontend/detail/notation_keys.hpp>
 
-#include <foundation/json/json_cast.hpp>
+#include <string>
 
 #include <cmath>
 #include <limits>
@@ -11,13 +11,13 @@
 
 namespace foundation::zorbaljson::detail {
 
-bool is_special_float_string(std::string const& text) noexcept
+bool is_special_float_string(std::string_view text) noexcept
 {
     return text == "NaN" || text == "Inf" || text == "-Inf";
 }
 
 template <std::floating_point F>
-F special_float_from_string(std::string const& text)
+F special_float_from_string(std::string_view text)
 {
     // The NaN of the notation carries the sign bit, as the arrays that wrote it did.
     if (text == "NaN")
@@ -26,23 +26,23 @@ F special_float_from_string(std::string const& text)
         return std::numeric_limits<F>::infinity();
     if (text == "-Inf")
         return -std::numeric_limits<F>::infinity();
-    throw std::runtime_error("String \"" + text + "\" is not a valid value for a numeric array");
+    throw std::runtime_error("String \"" + std::string(text) + "\" is not a valid value for a numeric array");
 }
 
 template <std::floating_point F>
-F special_float_from_object(foundation::json::Object const& object)
+F special_float_from_object(JsonNode object)
 {
     auto const data = object.find(zqdata_key);
-    if (data == object.end())
+    if (!data)
         throw std::runtime_error(zqdata_key + " field not found");
-    if (data->second.which() != foundation::json::traits<std::string>::which)
+    if (!data->is(json_kind::string))
         throw std::runtime_error("Expected a data inside special float objects to be a string");
-    return special_float_from_string<F>(foundation::json::json_cast<std::string>(data->second));
+    return special_float_from_string<F>(data->as_string());
 }
 
-template double special_float_from_string<double>(std::string const&);
-template float special_float_from_string<float>(std::string const&);
-template double special_float_from_object<double>(foundation::json::Object const&);
-template float special_float_from_object<float>(foundation::json::Object const&);
+template double special_float_from_string<double>(std::string_view);
+template float special_float_from_string<float>(std::string_view);
+template double special_float_from_object<double>(JsonNode);
+template float special_float_from_object<float>(JsonNode);
 
 } // namespace foundation::zorbaljson::detail

@@ -6,8 +6,6 @@
 #include <frontend/detail/parse_error.hpp>
 #include <frontend/detail/read_data.hpp>
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/traits.hpp>
 #include <foundation/zorbaldata/json/detail/to_zorbaldata_visitor.hpp>
 
 #include <boost/optional.hpp>
@@ -19,30 +17,29 @@ namespace foundation::zorbaljson::detail {
 
 namespace {
 
-using foundation::json::json_cast;
-using foundation::json::traits;
-using StringElement = boost::optional<std::string const&>;
+using StringElement = boost::optional<std::string_view>;
 
 // Only "zqdata" is looked at, and only the exact word "missing" stands for a missing element.
-StringElement read_missing_string(foundation::json::Object const& object)
+StringElement read_missing_string(JsonNode object)
 {
     auto const data = object.find(zqdata_key);
-    if (data == object.end())
+    if (!data)
         throw std::runtime_error(zqdata_key + " field not found");
-    if (data->second.which() != traits<std::string>::which)
+    if (!data->is(json_kind::string))
         throw std::runtime_error("Expected a data inside special float objects to be a string");
-    if (json_cast<std::string>(data->second) != "missing")
+    if (data->as_string() != "missing")
         throw InvalidStringElemType();
     return {};
 }
 
 // The text stays in the tree, which outlives the conversion. Anything but a string must be an object,
 // so a number fails in that cast, not as an invalid string element.
-StringElement read_string_element(foundation::json::Value const& value)
+StringElement read_string_element(JsonNode value)
 {
-    if (value.which() == traits<std::string>::which)
-        return json_cast<std::string>(value);
-    return read_missing_string(json_cast<foundation::json::Object>(value));
+    if (value.is(json_kind::string))
+        return value.as_string();
+    value.expect(json_kind::object);
+    return read_missing_string(value);
 }
 
 } // namespace
@@ -51,7 +48,7 @@ template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(
     ZorbalTypeTag<ZorbalString>) const
 {
-    foundation::json::Array const& list = read_data_array(data_, ZorbalTypeTraits<ZorbalString>::name);
+    JsonNode const list = read_data_array(data_, ZorbalTypeTraits<ZorbalString>::name);
     ElementConverter<StringElement> const convert(&read_string_element);
     auto const [begin, end] = converting_range(list, convert);
     return backend_->create_string(begin, end, dims_);

@@ -16,17 +16,17 @@ template <typename B>
 foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(
     ZorbalTypeTag<ZorbalStruct>) const
 {
-    foundation::json::Object const& fields = read_data_object(data_, ZorbalTypeTraits<ZorbalStruct>::name);
+    JsonNode const fields = read_data_object(data_, ZorbalTypeTraits<ZorbalStruct>::name);
     std::vector<std::string> names;
     names.reserve(fields.size());
-    for (auto const& field : fields)
-        names.push_back(field.first);
+    for (EntryCursor field = fields.entries_begin(); field != fields.entries_end(); ++field)
+        names.emplace_back((*field).key);
     // The object of fields and a field's list are two levels between this object and a value.
     auto const level = backend_->nesting().enter(2);
     ElementConverter<Array> const convert = nested_document_converter(*backend_);
     // Making the begin casts the first field's value, before the array exists.
-    ChainedConvertingIterator const begin(fields.begin(), fields.end(), convert);
-    ChainedConvertingIterator const end(fields.end(), fields.end(), convert);
+    ChainedConvertingIterator const begin(fields.entries_begin(), fields.entries_end(), convert);
+    ChainedConvertingIterator const end(fields.entries_end(), fields.entries_end(), convert);
     return backend_->create_struct(begin, end, dims_, names);
 }
 

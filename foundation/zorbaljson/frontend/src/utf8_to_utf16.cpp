@@ -5,7 +5,7 @@
 
 namespace foundation::zorbaljson::detail {
 
-std::u16string utf8_to_utf16(std::string const& text)
+std::u16string utf8_to_utf16(std::string_view text)
 {
     // The converter keeps no state between calls, so one serves every string of every conversion.
     static yx::i18n::codecvt_string_to_ustring const converter("UTF-8", true);

@@ -27,7 +27,7 @@ namespace foundation::zorbaldata::json::detail {
 /// reported first, and the first bad element in storage order before a wrong count of elements.
 class to_zorbaldata_visitor {
 public:
-    template <typename T, typename Position = foundation::json::Value const*>
+    template <typename T, typename Position = foundation::zorbaljson::detail::ElementCursor>
     using ConvertingIterator = foundation::zorbaljson::detail::ConvertingIterator<T, Position>;
 
     explicit to_zorbaldata_visitor(ArrayFactory& factory) noexcept : factory_(factory) {}
@@ -76,7 +76,7 @@ public:
     /// @throws the factory's exceptions first; then yx::i18n::CvtInvalidCharacter for bytes that are not
     /// UTF-8; then foundation::zorbaljson::MismatchedZQSize when the code units are not as many as the
     /// elements.
-    Array create_char_array(std::vector<unsigned long> dimensions, std::string const& utf8) const;
+    Array create_char_array(std::vector<unsigned long> dimensions, std::string_view utf8) const;
 
     /// A CELL array of the dimensions, each element the array read from the range, in storage order.
     /// Nested conversions run as the elements are read.
@@ -90,8 +90,8 @@ public:
     /// @throws yx::i18n::CvtInvalidCharacter for text that is not UTF-8. @throws
     /// foundation::zorbaljson::MismatchedZQSize once the loop has ended, as create_cell.
     /// @throws what reading an element throws, for the first element that fails.
-    Array create_string(ConvertingIterator<boost::optional<std::string const&>> begin,
-        ConvertingIterator<boost::optional<std::string const&>> end,
+    Array create_string(ConvertingIterator<boost::optional<std::string_view>> begin,
+        ConvertingIterator<boost::optional<std::string_view>> end,
         std::vector<unsigned long> const& dimensions) const;
 
     /// A STRUCT array of the dimensions with the fields, in this order, filled field by field: for each

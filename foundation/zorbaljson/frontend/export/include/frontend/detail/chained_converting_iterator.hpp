@@ -2,9 +2,8 @@
 #pragma once
 
 #include <frontend/detail/converting_iterator.hpp>
+#include <frontend/detail/json_node.hpp>
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/value.hpp>
 #include <foundation/zorbaldata/array.hpp>
 
 namespace foundation::zorbaljson::detail {
@@ -24,8 +23,7 @@ public:
 
     /// Stands at the first entry of field's array, or at the end when field is end.
     /// @throws std::runtime_error "invalid conversion: " when field's value is no JSON array.
-    ChainedConvertingIterator(foundation::json::Object::const_iterator field,
-        foundation::json::Object::const_iterator end, ElementConverter<Array> const& convert)
+    ChainedConvertingIterator(EntryCursor field, EntryCursor end, ElementConverter<Array> const& convert)
         : field_(field)
         , end_(end)
         , convert_(&convert)
@@ -33,9 +31,7 @@ public:
         if (field_ != end_)
             enter_field();
     }
-    ChainedConvertingIterator(foundation::json::Object::const_iterator,
-        foundation::json::Object::const_iterator, ElementConverter<Array> const&&)
-        = delete;
+    ChainedConvertingIterator(EntryCursor, EntryCursor, ElementConverter<Array> const&&) = delete;
 
     /// The converted entry at the position, which must not be an end. @throws what the converter throws.
     Array operator*() const { return (*convert_)(*entry_); }
@@ -44,19 +40,20 @@ public:
     /// @throws std::runtime_error "invalid conversion: " when that key's value is no JSON array.
     ChainedConvertingIterator& operator++()
     {
-        if (++entry_ != values_->data() + values_->size())
+        if (++entry_ != values_end_)
             return *this;
         if (++field_ != end_) {
             enter_field();
         } else {
-            entry_ = nullptr;
-            values_ = nullptr;
+            entry_ = ElementCursor();
+            values_end_ = ElementCursor();
+            in_field_ = false;
         }
         return *this;
     }
 
     /// Whether the iterator stands in front of a key whose array is empty.
-    bool in_empty_field() const noexcept { return values_ != nullptr && values_->empty(); }
+    bool in_empty_field() const noexcept { return in_field_ && entry_ == values_end_; }
 
     friend bool operator==(ChainedConvertingIterator const& a, ChainedConvertingIterator const& b) noexcept
     {
@@ -66,15 +63,20 @@ public:
 private:
     void enter_field()
     {
-        values_ = &foundation::json::json_cast<foundation::json::Array>(field_->second);
-        entry_ = values_->data();
+        JsonNode const values = (*field_).value;
+        values.expect(json_kind::array);
+        entry_ = values.begin();
+        values_end_ = values.end();
+        in_field_ = true;
     }
 
-    foundation::json::Object::const_iterator field_;
-    foundation::json::Object::const_iterator end_;
-    foundation::json::Array const* values_ = nullptr;
-    // Null at the end; an empty array's entry may be null too, but then the key tells the two apart.
-    foundation::json::Value const* entry_ = nullptr;
+    EntryCursor field_;
+    EntryCursor end_;
+    // Default cursors at the end; an empty array's cursors may be equal to them, but then the key tells
+    // the two apart.
+    ElementCursor entry_;
+    ElementCursor values_end_;
+    bool in_field_ = false;
     ElementConverter<Array> const* convert_;
 };
 

@@ -1,29 +1,27 @@
 // A range of JSON values that converts each one only when it is read, so the builders never see JSON.
 #pragma once
 
-#include <foundation/json/value.hpp>
+#include <frontend/detail/json_node.hpp>
 
 #include <cstddef>
 #include <functional>
 #include <iterator>
 #include <utility>
-#include <vector>
 
 namespace foundation::zorbaljson::detail {
 
 /// The conversion of one JSON value to one element.
 template <typename T>
-using ElementConverter = std::function<T(foundation::json::Value const&)>;
+using ElementConverter = std::function<T(JsonNode)>;
 
 /// A position among JSON values and the conversion of the value there to a T. Reading runs the
 /// conversion, at the moment the builder asks for the element; advancing moves the position; two
-/// iterators are equal when their positions are. Position is any forward iterator over
-/// `foundation::json::Value const` (a pointer into a JSON array by default), or over the entries of a
-/// JSON object, whose converter then takes the key with the value.
+/// iterators are equal when their positions are. Position is a cursor over the elements of a JSON array
+/// by default, or over the entries of a JSON object, whose converter then takes the key with the value.
 ///
 /// The iterator refers to its converter, which must outlive it: readers keep the converter on their
 /// stack for the call of the builder, and copying an iterator costs no more than copying its position.
-template <typename T, typename Position = foundation::json::Value const*>
+template <typename T, typename Position = ElementCursor>
 class ConvertingIterator {
 public:
     using iterator_category = std::input_iterator_tag;
@@ -60,9 +58,9 @@ private:
 /// A position among the values of a JSON object, in the order of its keys, for a ConvertingIterator.
 class ObjectValuePosition {
 public:
-    explicit ObjectValuePosition(foundation::json::Object::const_iterator entry) : entry_(entry) {}
+    explicit ObjectValuePosition(EntryCursor entry) : entry_(entry) {}
 
-    foundation::json::Value const& operator*() const { return entry_->second; }
+    JsonNode operator*() const noexcept { return (*entry_).value; }
 
     ObjectValuePosition& operator++()
     {
@@ -73,26 +71,25 @@ public:
     friend bool operator==(ObjectValuePosition const&, ObjectValuePosition const&) = default;
 
 private:
-    foundation::json::Object::const_iterator entry_;
+    EntryCursor entry_;
 };
 
 /// A position among the entries of a JSON object, key and value, in the order of the keys.
-using ObjectEntryPosition = foundation::json::Object::const_iterator;
+using ObjectEntryPosition = EntryCursor;
 
 /// The conversion of one entry of a JSON object, which sees the key beside the value.
 template <typename T>
-using EntryConverter = std::function<T(foundation::json::Object::value_type const&)>;
+using EntryConverter = std::function<T(JsonEntry)>;
 
-/// The begin and end iterators over all of list, converting with convert.
+/// The begin and end iterators over all elements of the JSON array list, converting with convert.
 template <typename T>
 std::pair<ConvertingIterator<T>, ConvertingIterator<T>> converting_range(
-    std::vector<foundation::json::Value> const& list, ElementConverter<T> const& convert)
+    JsonNode list, ElementConverter<T> const& convert)
 {
-    return { ConvertingIterator<T>(list.data(), convert),
-        ConvertingIterator<T>(list.data() + list.size(), convert) };
+    return { ConvertingIterator<T>(list.begin(), convert), ConvertingIterator<T>(list.end(), convert) };
 }
 
 template <typename T>
-void converting_range(std::vector<foundation::json::Value> const&, ElementConverter<T> const&&) = delete;
+void converting_range(JsonNode, ElementConverter<T> const&&) = delete;
 
 } // namespace foundation::zorbaljson::detail

@@ -1,7 +1,7 @@
 // The identities of a handle array: the "zqhandle" member of its large form.
 #pragma once
 
-#include <foundation/json/value.hpp>
+#include <frontend/detail/json_node.hpp>
 
 #include <string>
 
@@ -11,7 +11,7 @@ namespace foundation::zorbaljson::detail {
 /// read in place from the JSON tree, which must outlive this.
 struct HandleReference {
     std::string kvx_id;
-    foundation::json::Array const* object_ids;
+    JsonNode object_ids;
 };
 
 /// The "zqhandle" member of the large form object of class class_name. Members of it other than
@@ -20,6 +20,6 @@ struct HandleReference {
 /// "zqhandle"; InvalidZQDataType("handle", name of the alternative, key) for "zqhandle" that is no JSON
 /// object, then "zqkvxID" that is missing or no string, then "zqobjectID" that is missing or no JSON
 /// array, each after the log line of read_data.
-HandleReference read_handle_reference(foundation::json::Object const& object, std::string const& class_name);
+HandleReference read_handle_reference(JsonNode object, std::string const& class_name);
 
 } // namespace foundation::zorbaljson::detail

@@ -8,12 +8,7 @@
 #include <frontend/detail/utf8_to_utf16.hpp>
 
 #include <foundation/json/value.hpp>
-#include <foundation/json/visit.hpp>
 #include <foundation/zorbaldata/array.hpp>
-
-#include <map>
-#include <string>
-#include <vector>
 
 namespace foundation::zorbaljson::detail {
 
@@ -29,33 +24,32 @@ public:
 
     explicit json_value_to_zorbal_visitor(B& backend) noexcept : backend_(&backend) {}
 
-    /// The array of value, by its alternative.
-    Array operator()(foundation::json::Value const& value) const { return foundation::json::visit(*this, value); }
+    /// The array of value, by its alternative: Undefined, and the float and integer alternatives, give
+    /// the 0-by-0 double array; a boolean or number a 1-by-1 array; a string a char array; a JSON array
+    /// small notation, as read_small_notation says; a JSON object a large form, a special float or a
+    /// plain object, as read_large_notation says.
+    /// @throws NullNotSupported for null. @throws yx::i18n::CvtInvalidCharacter for a string whose bytes
+    /// are not UTF-8. @throws NestingTooDeep when the document nests deeper than max_nesting_depth.
+    Array operator()(JsonNode value) const
+    {
+        switch (value.kind()) {
+        case json_kind::null: throw NullNotSupported();
+        case json_kind::boolean: return backend_->create_scalar(value.as_bool());
+        case json_kind::number: return backend_->create_scalar(value.as_double());
+        case json_kind::string: return backend_->create_char_array(utf8_to_utf16(value.as_string()));
+        case json_kind::array: {
+            auto const level = backend_->nesting().enter();
+            return read_small_notation(value, *backend_);
+        }
+        case json_kind::object: {
+            auto const level = backend_->nesting().enter();
+            return read_large_notation(value, *backend_);
+        }
+        default: return empty();
+        }
+    }
 
-    Array operator()(foundation::json::Undefined) const { return empty(); }
-    /// @throws NullNotSupported always.
-    Array operator()(foundation::json::Null) const { throw NullNotSupported(); }
-    Array operator()(bool value) const { return backend_->create_scalar(value); }
-    Array operator()(double value) const { return backend_->create_scalar(value); }
-    /// @throws yx::i18n::CvtInvalidCharacter for bytes that are not UTF-8.
-    Array operator()(std::string const& value) const { return backend_->create_char_array(utf8_to_utf16(value)); }
-    /// Nested JSON arrays in small notation, as read_small_notation says.
-    /// @throws std::runtime_error when the document nests deeper than max_nesting_depth.
-    Array operator()(std::vector<foundation::json::Value> const& value) const
-    {
-        auto const level = backend_->nesting().enter();
-        return read_small_notation(value, *backend_);
-    }
-    /// A large form, a special float or a plain object, as read_large_notation says.
-    /// @throws std::runtime_error when the document nests deeper than max_nesting_depth.
-    Array operator()(std::map<std::string, foundation::json::Value> const& value) const
-    {
-        auto const level = backend_->nesting().enter();
-        return read_large_notation(value, *backend_);
-    }
-    Array operator()(float) const { return empty(); }
-    Array operator()(long long) const { return empty(); }
-    Array operator()(unsigned long long) const { return empty(); }
+    Array operator()(foundation::json::Value const& value) const { return (*this)(JsonNode(value)); }
 
     B& backend() const noexcept { return *backend_; }
 
@@ -71,7 +65,7 @@ private:
 template <typename B>
 ElementConverter<foundation::zorbaldata::Array> nested_document_converter(B& backend)
 {
-    return [backend = &backend](foundation::json::Value const& value) {
+    return [backend = &backend](JsonNode value) {
         return json_value_to_zorbal_visitor<B>(*backend)(value);
     };
 }

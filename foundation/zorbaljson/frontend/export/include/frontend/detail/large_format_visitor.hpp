@@ -3,7 +3,7 @@
 
 #include <frontend/detail/types.hpp>
 
-#include <foundation/json/value.hpp>
+#include <frontend/detail/json_node.hpp>
 #include <foundation/zorbaldata/array.hpp>
 
 #include <string>
@@ -23,8 +23,7 @@ public:
     /// Reads the dimensions from size, the list at "zqsize": each a whole number in the double
     /// alternative, from 0 to below 2^64, and at least two of them. Their product is not checked here.
     /// @throws InvalidZQSize "\"zqsize\" must be an array of 2 or more positive integers" otherwise.
-    zorbal_json_large_format_visitor(foundation::json::Object const& object,
-        foundation::json::Value const& data, foundation::json::Array const& size, B& backend);
+    zorbal_json_large_format_visitor(JsonNode object, JsonNode data, JsonNode size, B& backend);
 
     /// A real or complex numeric array: "zqdata" holds one JSON value for each element in storage order,
     /// or for "zqcomplex" true two, real part first. Elements read as json2num reads them; complex parts
@@ -105,10 +104,10 @@ private:
     /// with the element's failure for the first index or value that cannot be read; then the factory's
     /// exceptions, such as EIndexOutOfRange.
     template <typename T>
-    Array read_sparse(foundation::json::Array const& list, bool complex) const;
+    Array read_sparse(JsonNode list, bool complex) const;
 
-    foundation::json::Object const& object_;
-    foundation::json::Value const& data_;
+    JsonNode object_;
+    JsonNode data_;
     std::vector<unsigned long> dims_;
     B* backend_;
 };

@@ -1,7 +1,7 @@
 // The entry of the large notation: what a JSON object stands for, and the dispatch to its reader.
 #pragma once
 
-#include <foundation/json/value.hpp>
+#include <frontend/detail/json_node.hpp>
 #include <foundation/zorbaldata/array.hpp>
 
 namespace foundation::zorbaljson::detail {
@@ -16,6 +16,6 @@ namespace foundation::zorbaljson::detail {
 /// failures of the kind's reader. For a plain object, InvalidFieldName for a key that is no legal field
 /// name, and what converting a value throws, unchanged.
 template <typename B>
-foundation::zorbaldata::Array read_large_notation(foundation::json::Object const& object, B& backend);
+foundation::zorbaldata::Array read_large_notation(JsonNode object, B& backend);
 
 } // namespace foundation::zorbaljson::detail

@@ -1,8 +1,7 @@
 // The walk over the leaves of nested JSON arrays in the storage order of the array they describe.
 #pragma once
 
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/value.hpp>
+#include <frontend/detail/json_node.hpp>
 
 #include <cstddef>
 #include <functional>
@@ -16,44 +15,39 @@ namespace foundation::zorbaljson::detail {
 /// fastest: the column-major order of the array whose first dimension is the outermost JSON array.
 /// The arrays must have the sizes, as the shape check of small notation ensures.
 ///
+/// The innermost arrays are visited in turn, each giving its next element, so the walk needs no
+/// indexing into a JSON array: it keeps one cursor for each innermost array (one for a flat array,
+/// as many as rows for a matrix).
+///
 /// The end stands at the product of the sizes (1 for none). The begin of an empty outermost array is an
 /// end too, so the walk over [] is empty, while that over [[]], whose sizes are none, has one step too
 /// few for its end: the fill that uses it reports the mismatch.
 class NestedElementIterator {
 public:
-    using iterator_category = std::forward_iterator_tag;
-    using value_type = foundation::json::Value;
+    using iterator_category = std::input_iterator_tag;
+    using value_type = JsonNode;
     using difference_type = std::ptrdiff_t;
-    using pointer = foundation::json::Value const*;
-    using reference = foundation::json::Value const&;
 
-    /// The begin (at_end false) or end of the walk over root; root and sizes must outlive it.
-    NestedElementIterator(
-        foundation::json::Array const& root, std::vector<unsigned long> const& sizes, bool at_end)
-        : root_(&root)
-        , sizes_(&sizes)
-        , counters_(sizes.size(), 0)
-        , position_(at_end || root.empty() ? end_position(sizes) : 0)
+    /// The begin (at_end false) or end of the walk over root, a JSON array, which must outlive it.
+    NestedElementIterator(JsonNode root, std::vector<unsigned long> const& sizes, bool at_end)
+        : root_(root.begin())
+        , position_(at_end || root.size() == 0 ? end_position(sizes) : 0)
     {
-    }
-
-    /// The leaf root[c0][c1]...[ck] at the counters.
-    foundation::json::Value const& operator*() const
-    {
-        foundation::json::Value const* leaf = &(*root_)[counters_[0]];
-        for (std::size_t level = 1; level < counters_.size(); ++level)
-            leaf = &foundation::json::json_cast<foundation::json::Array>(*leaf)[counters_[level]];
-        return *leaf;
-    }
-
-    /// Steps counter 0 and carries into the next counter when one reaches its size.
-    NestedElementIterator& operator++()
-    {
-        for (std::size_t level = 0; level < counters_.size(); ++level) {
-            if (++counters_[level] < (*sizes_)[level])
-                break;
-            counters_[level] = 0;
+        if (position_ == 0 && !sizes.empty()) {
+            rows_.resize(std::accumulate(sizes.begin(), sizes.end() - 1, 1UL, std::multiplies<>()));
+            collect_rows(root, sizes, 0, 0, 1);
         }
+    }
+
+    /// The leaf at the position.
+    JsonNode operator*() const noexcept { return *rows_[row_]; }
+
+    /// To the next innermost array, and from the last back to the first, each a step further in.
+    NestedElementIterator& operator++() noexcept
+    {
+        ++rows_[row_];
+        if (++row_ == rows_.size())
+            row_ = 0;
         ++position_;
         return *this;
     }
@@ -69,9 +63,22 @@ private:
         return std::accumulate(sizes.begin(), sizes.end(), 1UL, std::multiplies<>());
     }
 
-    foundation::json::Array const* root_;
-    std::vector<unsigned long> const* sizes_;
-    std::vector<unsigned long> counters_;
+    // The innermost arrays by the column-major index of their outer subscripts.
+    void collect_rows(JsonNode array, std::vector<unsigned long> const& sizes, std::size_t level,
+        std::size_t row, std::size_t stride)
+    {
+        if (level + 1 == sizes.size()) {
+            rows_[row] = array.begin();
+            return;
+        }
+        std::size_t index = 0;
+        for (ElementCursor element = array.begin(); element != array.end(); ++element, ++index)
+            collect_rows(*element, sizes, level + 1, row + index * stride, stride * sizes[level]);
+    }
+
+    ElementCursor root_;
+    std::vector<ElementCursor> rows_;
+    std::size_t row_ = 0;
     unsigned long position_;
 };
 

@@ -1,28 +1,24 @@
 // Typed reads of the notation's keys: the value must be one JSON kind, or the key is named in the failure.
 #pragma once
 
+#include <frontend/detail/json_node.hpp>
 #include <frontend/detail/parse_error.hpp>
-
-#include <foundation/json/json_cast.hpp>
-#include <foundation/json/traits.hpp>
-#include <foundation/json/value.hpp>
 
 #include <string>
 
 namespace foundation::zorbaljson::detail {
 
-/// The Alternative (the JSON array, string or object) that value, found at key, holds.
-/// @throws InvalidPropertyType(key, traits<Alternative>::name) when it holds another.
-template <typename Alternative>
-Alternative const& read_property(foundation::json::Value const& value, std::string const& key)
+/// value, found at key, once it is known to hold the alternative kind (a JSON array, string or object).
+/// @throws InvalidPropertyType(key, json_kind_name(kind)) when it holds another.
+inline JsonNode read_property(JsonNode value, int kind, std::string const& key)
 {
-    if (value.which() != foundation::json::traits<Alternative>::which)
-        throw InvalidPropertyType(key, foundation::json::traits<Alternative>::name);
-    return foundation::json::json_cast<Alternative>(value);
+    if (!value.is(kind))
+        throw InvalidPropertyType(key, json_kind_name(kind));
+    return value;
 }
 
 /// The flag at key of object ("zqcomplex", "zqsparse"): false when the key is absent.
 /// @throws InvalidPropertyType(key, "JSON boolean") when its value is no boolean, such as 1.
-bool read_flag(foundation::json::Object const& object, std::string const& key);
+bool read_flag(JsonNode object, std::string const& key);
 
 } // namespace foundation::zorbaljson::detail

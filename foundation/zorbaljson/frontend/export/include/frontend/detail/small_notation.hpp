@@ -2,7 +2,7 @@
 // logical array of the same shape.
 #pragma once
 
-#include <foundation/json/value.hpp>
+#include <frontend/detail/json_node.hpp>
 #include <foundation/zorbaldata/array.hpp>
 #include <foundation/zorbaljson/detail/zorbal_type.hpp>
 
@@ -26,18 +26,18 @@ struct SmallArrayShape {
 /// empty array is double.
 /// @throws InvalidArrayElemType for any other first leaf (a string, null, another object, or a float or
 /// integer alternative).
-void first_element_walk(foundation::json::Array const& array, SmallArrayShape& shape);
+void first_element_walk(JsonNode array, SmallArrayShape& shape);
 
 /// Checks that array and everything below it nests as the sizes from size to sizes_end say, element by
 /// element in order, each element's subtree before the next element.
 /// @throws ArrayInconsistentDepths for an array where a leaf belongs or a leaf where an array belongs.
 /// @throws ArrayInconsistentSizes for an array whose length differs from the size of its level.
-void check_nested_shape(foundation::json::Array const& array, std::vector<unsigned long>::const_iterator size,
+void check_nested_shape(JsonNode array, std::vector<unsigned long>::const_iterator size,
     std::vector<unsigned long>::const_iterator sizes_end);
 
 /// The word that names the kind of value in the failures of small notation: "logical", "double",
 /// "char", "object", "single", "int64", "uint64", or "undefined" for undefined, null and arrays.
-std::string small_element_name(foundation::json::Value const& value);
+std::string small_element_name(JsonNode value);
 
 /// The array that array describes in small notation, made by backend. The first leaf decides the kind;
 /// then the nesting is checked; then the array is made and filled in storage order, so a bad first
@@ -47,6 +47,6 @@ std::string small_element_name(foundation::json::Value const& value);
 /// does not fit the kind. @throws MismatchedZQSize for nesting with an empty array below the top ([[]]).
 /// @throws std::runtime_error when the nesting is deeper than max_nesting_depth.
 template <typename B>
-foundation::zorbaldata::Array read_small_notation(foundation::json::Array const& array, B& backend);
+foundation::zorbaldata::Array read_small_notation(JsonNode array, B& backend);
 
 } // namespace foundation::zorbaljson::detail
