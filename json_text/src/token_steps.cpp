@@ -95,19 +95,19 @@ void skip_whitespace(TextPosition& position, TextPosition const& end, unsigned f
     on_bytes(position, end, [flags](char const*& p, char const* last) { detail::skip_white_space(p, last, flags); });
 }
 
-bool is_signed_type(std::string const& type) noexcept
+bool is_signed_type(std::string_view type) noexcept
 {
     static constexpr std::array<std::string_view, 4> names{"int8", "int16", "int32", "int64"};
     return std::find(names.begin(), names.end(), type) != names.end();
 }
 
-bool is_unsigned_type(std::string const& type) noexcept
+bool is_unsigned_type(std::string_view type) noexcept
 {
     static constexpr std::array<std::string_view, 4> names{"uint8", "uint16", "uint32", "uint64"};
     return std::find(names.begin(), names.end(), type) != names.end();
 }
 
-bool is_integer_type(std::string const& type) noexcept
+bool is_integer_type(std::string_view type) noexcept
 {
     return is_signed_type(type) || is_unsigned_type(type);
 }

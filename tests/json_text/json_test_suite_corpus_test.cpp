@@ -1,5 +1,7 @@
 // A public corpus of parser tests, read through string_to_zorbaldata: y_ files must parse, n_ files
 // must fail, i_ files may do either; our grammar departs from standard JSON on the files listed here.
+#include "reading_paths.hpp"
+
 #include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
 
 #include <foundation/json/parser_exception.hpp>
@@ -84,9 +86,8 @@ TEST(JsonTestSuiteCorpus, EveryFileEndsAsOurGrammarSays)
         bool const is_accepted = std::find(std::begin(accepted), std::end(accepted), name) != std::end(accepted);
         listed += is_accepted || refusal != std::end(refused);
         bool const must_fail = refusal != std::end(refused) || (name.starts_with("n_") && !is_accepted);
-        foundation::zorbaldata::ArrayFactory factory;
         try {
-            foundation::zorbaldata::json::string_to_zorbaldata(read_file(entry.path()), factory);
+            zq::test::read_both_ways(read_file(entry.path()));
             EXPECT_FALSE(must_fail) << "converted";
         } catch (fj::ParserException const& e) {
             EXPECT_TRUE(must_fail) << e.what();

@@ -1,4 +1,6 @@
 // The entry from JSON text to an array: values converted, syntax errors and text left over refused.
+#include "reading_paths.hpp"
+
 #include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
 
 #include "expect_throw.hpp"
@@ -19,8 +21,7 @@ using Dims = std::vector<unsigned long>;
 
 zd::Array convert(std::string const& text)
 {
-    zd::ArrayFactory factory;
-    return zd::json::string_to_zorbaldata(text, factory);
+    return zq::test::read_both_ways(text);
 }
 
 TEST(StringToZorbaldata, ScalarsBecomeArrays)

@@ -1,7 +1,8 @@
 // What the object tests share.
 #include "object_test_support.hpp"
 
-#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
+#include "reading_paths.hpp"
+
 
 #include <charconv>
 
@@ -94,7 +95,7 @@ std::string handle_text(zd::HandleObjectRef const& handle)
 zd::Array read(std::string const& json, Objects objects)
 {
     zd::ArrayFactory factory(objects);
-    return zd::json::string_to_zorbaldata(json, factory);
+    return read_both_ways(json, factory);
 }
 
 std::string contents(zd::Array const& array)

@@ -2,7 +2,8 @@
 #include "reader_support.hpp"
 
 #include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
-#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
+#include "reading_paths.hpp"
+
 
 #include <bit>
 #include <utility>
@@ -11,8 +12,7 @@ namespace zq::test {
 
 zd::Array read(std::string const& json)
 {
-    zd::ArrayFactory factory;
-    return zd::json::string_to_zorbaldata(json, factory);
+    return read_both_ways(json);
 }
 
 zd::Array read_tree(fj::Value const& value)

@@ -2,7 +2,8 @@
 #include "roundtrip_support.hpp"
 
 #include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
-#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
+#include "reading_paths.hpp"
+
 
 #include <algorithm>
 #include <bit>
@@ -93,8 +94,7 @@ std::string text_of(zd::Array const& array, Setting setting)
 
 zd::Array from_text(std::string const& text)
 {
-    zd::ArrayFactory factory;
-    return zd::json::string_to_zorbaldata(text, factory);
+    return read_both_ways(text);
 }
 
 zd::Array written_and_read(zd::Array const& array, Setting setting, Path path)

@@ -7,6 +7,7 @@
 #include <foundation/json/value.hpp>
 
 #include <string>
+#include <string_view>
 
 // Each step reads from position up to end and leaves position where it stopped, also on failure.
 // flags is passed down unchanged; only allow_comments means anything.
@@ -69,12 +70,12 @@ ParseResult parse_uint(unsigned long long& out, TextPosition& position, TextPosi
 void skip_whitespace(TextPosition& position, TextPosition const& end, unsigned flags) noexcept;
 
 /// "int8", "int16", "int32" or "int64".
-bool is_signed_type(std::string const& type) noexcept;
+bool is_signed_type(std::string_view type) noexcept;
 
 /// "uint8", "uint16", "uint32" or "uint64".
-bool is_unsigned_type(std::string const& type) noexcept;
+bool is_unsigned_type(std::string_view type) noexcept;
 
 /// One of the eight names above.
-bool is_integer_type(std::string const& type) noexcept;
+bool is_integer_type(std::string_view type) noexcept;
 
 } // namespace foundation::json

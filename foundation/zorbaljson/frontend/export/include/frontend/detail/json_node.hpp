@@ -1,11 +1,13 @@
 // The view of one JSON value through which the notation's readers see a document, whatever holds it.
 #pragma once
 
+#include <foundation/json/detail/tape.hpp>
 #include <foundation/json/json_cast.hpp>
 #include <foundation/json/traits.hpp>
 #include <foundation/json/value.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,24 +35,35 @@ char const* json_kind_name(int kind) noexcept;
 class JsonNode;
 struct JsonEntry;
 
+using foundation::json::detail::Tape;
+
 /// A position among the elements of a JSON array, in their order.
 class ElementCursor {
 public:
     ElementCursor() = default;
     explicit ElementCursor(foundation::json::Value const* element) noexcept : element_(element) {}
+    ElementCursor(Tape const& tape, std::uint32_t index) noexcept : tape_(&tape), index_(index) {}
 
     JsonNode operator*() const noexcept;
 
     ElementCursor& operator++() noexcept
     {
-        ++element_;
+        if (tape_)
+            index_ = tape_->next(index_);
+        else
+            ++element_;
         return *this;
     }
 
-    friend bool operator==(ElementCursor, ElementCursor) = default;
+    friend bool operator==(ElementCursor const& a, ElementCursor const& b) noexcept
+    {
+        return a.element_ == b.element_ && a.index_ == b.index_;
+    }
 
 private:
     foundation::json::Value const* element_ = nullptr;
+    Tape const* tape_ = nullptr;
+    std::uint32_t index_ = 0;
 };
 
 /// A position among the entries of a JSON object, in the byte order of their keys; a key occurs once.
@@ -58,31 +71,47 @@ class EntryCursor {
 public:
     EntryCursor() = default;
     explicit EntryCursor(foundation::json::Object::const_iterator entry) noexcept : entry_(entry) {}
+    EntryCursor(Tape const& tape, foundation::json::detail::TapeMember const* member) noexcept
+        : tape_(&tape)
+        , member_(member)
+    {
+    }
 
     /// The key and the value at the position.
     JsonEntry operator*() const noexcept;
 
     EntryCursor& operator++() noexcept
     {
-        ++entry_;
+        if (tape_)
+            ++member_;
+        else
+            ++entry_;
         return *this;
     }
 
-    friend bool operator==(EntryCursor const&, EntryCursor const&) = default;
+    friend bool operator==(EntryCursor const& a, EntryCursor const& b) noexcept
+    {
+        return a.entry_ == b.entry_ && a.member_ == b.member_;
+    }
 
 private:
     foundation::json::Object::const_iterator entry_;
+    Tape const* tape_ = nullptr;
+    foundation::json::detail::TapeMember const* member_ = nullptr;
 };
 
-/// One JSON value, read only. It refers into the document, which must outlive it, and costs no more than
-/// a pointer to copy. The checked reads fail as json_cast does: with the std::runtime_error
-/// "invalid conversion: <held name> to <wanted name>", and no conversion between alternatives.
+/// One JSON value, read only: a value of a caller's tree, or of the tape that the text reader made. It
+/// refers into the document, which must outlive it, and is cheap to copy. Both kinds of document
+/// answer alike, so every reader of the notation is written once for both. The checked reads fail as
+/// json_cast does: with the std::runtime_error "invalid conversion: <held name> to <wanted name>", and
+/// no conversion between alternatives.
 class JsonNode {
 public:
     explicit JsonNode(foundation::json::Value const& value) noexcept : value_(&value) {}
+    JsonNode(Tape const& tape, std::uint32_t index) noexcept : tape_(&tape), index_(index) {}
 
     /// The alternative held, numbered as in json_kind.
-    int kind() const noexcept { return value_->which(); }
+    int kind() const noexcept { return value_ ? value_->which() : tape_->slot(index_).kind; }
     bool is(int kind) const noexcept { return this->kind() == kind; }
 
     /// @throws std::runtime_error "invalid conversion: " when the node holds another alternative.
@@ -93,23 +122,59 @@ public:
     }
 
     /// The scalar held. @throws std::runtime_error "invalid conversion: " for another alternative.
-    bool as_bool() const { return foundation::json::json_cast<bool>(*value_); }
-    double as_double() const { return foundation::json::json_cast<double>(*value_); }
-    long long as_int64() const { return foundation::json::json_cast<long long>(*value_); }
-    unsigned long long as_uint64() const { return foundation::json::json_cast<unsigned long long>(*value_); }
+    bool as_bool() const
+    {
+        expect(json_kind::boolean);
+        return value_ ? foundation::json::detail::ValueAccess::get<bool>(*value_) : tape_->slot(index_).payload != 0;
+    }
+    double as_double() const
+    {
+        expect(json_kind::number);
+        return value_ ? foundation::json::detail::ValueAccess::get<double>(*value_) : tape_->number(index_);
+    }
+    long long as_int64() const
+    {
+        expect(json_kind::int64);
+        return value_ ? foundation::json::detail::ValueAccess::get<long long>(*value_)
+                      : static_cast<long long>(tape_->slot(index_).payload);
+    }
+    unsigned long long as_uint64() const
+    {
+        expect(json_kind::uint64);
+        return value_ ? foundation::json::detail::ValueAccess::get<unsigned long long>(*value_)
+                      : tape_->slot(index_).payload;
+    }
     /// The UTF-8 bytes of a string, which live as long as the document.
-    std::string_view as_string() const { return foundation::json::json_cast<std::string>(*value_); }
+    std::string_view as_string() const
+    {
+        expect(json_kind::string);
+        return value_ ? std::string_view(foundation::json::detail::ValueAccess::get<std::string>(*value_))
+                      : tape_->string(index_);
+    }
 
     /// The number of elements of an array or of entries of an object. The node must hold one of them.
     std::size_t size() const noexcept;
 
     /// The elements of an array. The node must hold an array.
-    ElementCursor begin() const noexcept { return ElementCursor(array().data()); }
-    ElementCursor end() const noexcept { return ElementCursor(array().data() + array().size()); }
+    ElementCursor begin() const noexcept
+    {
+        return value_ ? ElementCursor(array().data()) : ElementCursor(*tape_, index_ + 1);
+    }
+    ElementCursor end() const noexcept
+    {
+        return value_ ? ElementCursor(array().data() + array().size()) : ElementCursor(*tape_, tape_->next(index_));
+    }
 
     /// The entries of an object. The node must hold an object.
-    EntryCursor entries_begin() const noexcept { return EntryCursor(object().begin()); }
-    EntryCursor entries_end() const noexcept { return EntryCursor(object().end()); }
+    EntryCursor entries_begin() const noexcept
+    {
+        return value_ ? EntryCursor(object().begin()) : EntryCursor(*tape_, tape_->members(index_));
+    }
+    EntryCursor entries_end() const noexcept
+    {
+        return value_ ? EntryCursor(object().end())
+                      : EntryCursor(*tape_, tape_->members(index_) + tape_->slot(index_).count);
+    }
 
     /// The value at key, matched exactly, or none. The node must hold an object.
     std::optional<JsonNode> find(std::string_view key) const;
@@ -124,10 +189,16 @@ private:
         return foundation::json::detail::ValueAccess::get<foundation::json::Object>(*value_);
     }
 
-    foundation::json::Value const* value_;
+    // One of the two is set.
+    foundation::json::Value const* value_ = nullptr;
+    Tape const* tape_ = nullptr;
+    std::uint32_t index_ = 0;
 };
 
-inline JsonNode ElementCursor::operator*() const noexcept { return JsonNode(*element_); }
+inline JsonNode ElementCursor::operator*() const noexcept
+{
+    return tape_ ? JsonNode(*tape_, index_) : JsonNode(*element_);
+}
 
 /// One entry of a JSON object.
 struct JsonEntry {
@@ -135,7 +206,12 @@ struct JsonEntry {
     JsonNode value;
 };
 
-inline JsonEntry EntryCursor::operator*() const noexcept { return { entry_->first, JsonNode(entry_->second) }; }
+inline JsonEntry EntryCursor::operator*() const noexcept
+{
+    if (tape_)
+        return { tape_->key(*member_), JsonNode(*tape_, member_->value) };
+    return { entry_->first, JsonNode(entry_->second) };
+}
 
 /// The element at index of array, which has more elements than that; reached by walking, for the few
 /// lists of the notation that have their entries at fixed places.

@@ -1,0 +1,453 @@
+// The recursive part of the JSON grammar, writing the compact form, with the typed reading of "zqdata".
+#include "byte_classes.hpp"
+#include "number_reader.hpp"
+#include "string_reader.hpp"
+#include "whitespace.hpp"
+
+#include <foundation/json/detail/parser_steps.hpp>
+#include <foundation/json/detail/string_to_double.hpp>
+#include <foundation/json/detail/tape.hpp>
+#include <foundation/json/nesting_limit.hpp>
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <limits>
+#include <stdexcept>
+#include <type_traits>
+
+namespace foundation::json::detail {
+
+namespace {
+
+constexpr std::string_view data_key = "zqdata";
+constexpr std::string_view type_key = "zqtype";
+constexpr std::uint32_t index_limit = std::numeric_limits<std::uint32_t>::max();
+constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+
+/// How the value of "zqdata" is read.
+enum class IntegerKind : unsigned char { none, signed_integer, unsigned_integer };
+
+IntegerKind integer_kind(std::string_view type) noexcept
+{
+    if (is_signed_type(type))
+        return IntegerKind::signed_integer;
+    if (is_unsigned_type(type))
+        return IntegerKind::unsigned_integer;
+    return IntegerKind::none;
+}
+
+bool breaks_integer(char c) noexcept
+{
+    return c == '"' || c == '.' || c == 'e' || c == 'E' || c == '{';
+}
+
+// The slot of an integer read as typed data, saturated as read_integer saturates.
+template <typename Integer>
+TapeSlot integer_slot(Integer value) noexcept
+{
+    return { std::is_signed_v<Integer> ? Tape::int64_kind : Tape::uint64_kind, false, false, 0,
+        static_cast<std::uint64_t>(value) };
+}
+
+TapeSlot typed_integer(TapeSlot const& token, IntegerKind kind) noexcept
+{
+    constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<long long>::max());
+    if (kind == IntegerKind::unsigned_integer)
+        return integer_slot<unsigned long long>(token.negative ? 0 : token.payload);
+    if (token.negative)
+        return integer_slot<long long>(token.payload > largest ? std::numeric_limits<long long>::min()
+                                                               : -static_cast<long long>(token.payload));
+    return integer_slot<long long>(token.payload > largest ? std::numeric_limits<long long>::max()
+                                                           : static_cast<long long>(token.payload));
+}
+
+} // namespace
+
+/// Reads JSON text onto a tape. Each value is appended where it begins; a container's slot is completed
+/// when it closes. Objects gather their members on a stack of their own and sort them when they close.
+class TapeReader {
+public:
+    /// @throws std::bad_alloc
+    TapeReader(Tape& tape, char const* p, char const* end, unsigned flags)
+        : tape_(tape)
+        , end_(end)
+        , flags_(flags)
+    {
+        // A value takes eight bytes of text or more in most documents, so the tape seldom grows, and
+        // growing copies it.
+        tape_.slots_.reserve(static_cast<std::size_t>(end - p) / 8 + 1);
+    }
+
+    ParseResult value(char const*& p, unsigned depth);
+    ParseResult array(char const*& p, unsigned depth);
+    ParseResult object(char const*& p, unsigned depth);
+    ParseResult typed_data(IntegerKind kind, char const*& p, unsigned depth);
+    template <typename Integer>
+    ParseResult integer_array(char const*& p, unsigned depth);
+
+private:
+    // The typed-data bookkeeping of one object.
+    struct TypedData {
+        IntegerKind kind = IntegerKind::none;
+        // Set by every "zqdata", cleared when the integer reading that a "zqtype" asks for succeeds.
+        bool data_pending = false;
+        // Where the value of the latest "zqdata" starts, and its slot.
+        char const* data_start = nullptr;
+        std::uint32_t data_slot = 0;
+        // The member of the first "zqdata", which the object keeps, among the pending members.
+        std::size_t data_member = none;
+    };
+
+    ParseResult open(char const*& p, char opener, ParseResult not_opened, unsigned depth);
+    ParseResult string(char const*& p);
+    ParseResult number(char const*& p);
+    ParseResult literal(char const*& p);
+    ParseResult data_member(TypedData& typed, char const*& p, unsigned depth);
+    ParseResult type_member(TypedData& typed, char const*& p, unsigned depth);
+    ParseResult read_data_again(TypedData& typed, unsigned depth);
+    bool retype(std::uint32_t data, IntegerKind kind) noexcept;
+    void close_object(std::uint32_t index, std::size_t first_member);
+    std::uint32_t push(TapeSlot slot);
+    std::uint32_t text_length(std::size_t offset) const;
+
+    void skip(char const*& p) const noexcept { skip_white_space(p, end_, flags_); }
+    std::uint32_t size() const noexcept { return static_cast<std::uint32_t>(tape_.slots_.size()); }
+
+    Tape& tape_;
+    char const* end_;
+    unsigned flags_;
+    // The members of the objects being read, innermost last.
+    std::vector<TapeMember> pending_;
+};
+
+std::uint32_t TapeReader::push(TapeSlot slot)
+{
+    if (tape_.slots_.size() >= index_limit)
+        throw std::length_error("JSON text holds more values than can be read");
+    tape_.slots_.push_back(slot);
+    return size() - 1;
+}
+
+std::uint32_t TapeReader::text_length(std::size_t offset) const
+{
+    std::size_t const length = tape_.text_.size() - offset;
+    if (length > index_limit)
+        throw std::length_error("JSON string too long to be read");
+    return static_cast<std::uint32_t>(length);
+}
+
+// The alternatives string, number, object, array, bool and null, tried in this order from the same
+// start, would all fail without moving except the one that the first byte begins, and the furthest
+// decides with ties to the string. So the first byte alone picks the outcome, and a literal that
+// doesn't match, like any byte that begins no value, is the string's ExpectedQuote.
+ParseResult TapeReader::value(char const*& p, unsigned depth)
+{
+    if (p == end_)
+        return UnexpectedEnd;
+    switch (*p) {
+    case '"': return string(p);
+    case '-':
+    case '0': case '1': case '2': case '3': case '4': case '5': case '6': case '7': case '8': case '9':
+        return number(p);
+    case '{': return object(p, depth);
+    case '[': return array(p, depth);
+    case 't':
+    case 'f':
+    case 'n': return literal(p);
+    default: return ExpectedQuote;
+    }
+}
+
+ParseResult TapeReader::string(char const*& p)
+{
+    std::size_t const offset = tape_.text_.size();
+    if (ParseResult const result = read_string<true>(tape_.text_, p, end_); result != ParseOk)
+        return result;
+    push({ Tape::string_kind, false, false, text_length(offset), offset });
+    return ParseOk;
+}
+
+// A plain integer of at most 19 digits keeps its digits, so that the typed reading that a later "zqtype"
+// may ask for needs no second look at the text; any other number is converted as a double at once.
+ParseResult TapeReader::number(char const*& p)
+{
+    char const* const start = p;
+    if (ParseResult const result = scan_number_bytes(p, end_); result != ParseOk)
+        return result;
+    bool const negative = *start == '-';
+    char const* digits = start + negative;
+    auto const length = static_cast<std::size_t>(p - digits);
+    if (length <= 19 && (*digits != '0' || (length == 1 && !negative))) {
+        std::uint64_t magnitude = 0;
+        char const* d = digits;
+        for (; d != p && is_digit(*d); ++d)
+            magnitude = magnitude * 10 + static_cast<std::uint64_t>(*d - '0');
+        if (d == p) {
+            push({ Tape::number_kind, true, negative, 0, magnitude });
+            return ParseOk;
+        }
+    }
+    push({ Tape::number_kind, false, false, 0, std::bit_cast<std::uint64_t>(string_to_double(start, p)) });
+    return ParseOk;
+}
+
+ParseResult TapeReader::literal(char const*& p)
+{
+    std::string_view const word = *p == 't' ? "true" : *p == 'f' ? "false" : "null";
+    if (!starts_with(p, end_, word))
+        return ExpectedQuote;
+    if (*p == 'n')
+        push({ Tape::null_kind, false, false, 0, 0 });
+    else
+        push({ Tape::bool_kind, false, false, 0, *p == 't' });
+    p += word.size();
+    return ParseOk;
+}
+
+// Enters an array or object at its opening byte: what is tested before the first element, in this order,
+// so that every container fails alike at its start.
+ParseResult TapeReader::open(char const*& p, char opener, ParseResult not_opened, unsigned depth)
+{
+    if (p == end_)
+        return UnexpectedEnd;
+    if (*p != opener)
+        return not_opened;
+    if (depth >= max_nesting_depth)
+        return NestingTooDeep;
+    ++p;
+    skip(p);
+    return p == end_ ? UnexpectedEnd : ParseOk;
+}
+
+ParseResult TapeReader::array(char const*& p, unsigned depth)
+{
+    if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
+        return opened;
+    std::uint32_t const index = push({ Tape::array_kind, false, false, 0, 0 });
+    std::uint32_t count = 0;
+    if (*p != ']') {
+        for (;;) {
+            if (ParseResult const result = value(p, depth + 1); result != ParseOk)
+                return result;
+            ++count;
+            skip(p);
+            if (p == end_)
+                return UnexpectedEnd;
+            if (*p != ',')
+                break;
+            ++p;
+            skip(p);
+        }
+        if (*p != ']')
+            return ExpectedArrayEnd;
+    }
+    ++p;
+    tape_.slots_[index].count = count;
+    tape_.slots_[index].payload = size();
+    return ParseOk;
+}
+
+ParseResult TapeReader::object(char const*& p, unsigned depth)
+{
+    if (ParseResult const opened = open(p, '{', ExpectedObjectStart, depth); opened != ParseOk)
+        return opened;
+    std::uint32_t const index = push({ Tape::object_kind, false, false, 0, 0 });
+    std::size_t const first_member = pending_.size();
+    if (*p == '}') {
+        ++p;
+        close_object(index, first_member);
+        return ParseOk;
+    }
+    TypedData typed;
+    for (;;) {
+        std::size_t const key_offset = tape_.text_.size();
+        ParseResult result = read_string<true>(tape_.text_, p, end_);
+        if (result != ParseOk)
+            return result;
+        std::uint32_t const key_length = text_length(key_offset);
+        std::string_view const key(tape_.text_.data() + key_offset, key_length);
+        bool const is_data = key == data_key;
+        bool const is_type = key == type_key;
+        skip(p);
+        if (p == end_)
+            return UnexpectedEnd;
+        if (*p != ':')
+            return ExpectedColon;
+        ++p;
+        skip(p);
+        std::uint32_t const member_value = size();
+        if (is_data)
+            result = data_member(typed, p, depth + 1);
+        else if (is_type)
+            result = type_member(typed, p, depth + 1);
+        else
+            result = value(p, depth + 1);
+        if (result != ParseOk)
+            return result;
+        skip(p);
+        if (p == end_)
+            return UnexpectedEnd;
+        if (is_data && typed.data_member == none)
+            typed.data_member = pending_.size();
+        pending_.push_back({ key_offset, key_length, member_value });
+        if (*p == ',') {
+            ++p;
+            skip(p);
+            continue;
+        }
+        if (*p != '}')
+            return ExpectedObjectEnd;
+        ++p;
+        close_object(index, first_member);
+        return ParseOk;
+    }
+}
+
+// Sorted by key, the first of equal keys kept: the order and the choice of a map filled in text order.
+void TapeReader::close_object(std::uint32_t index, std::size_t first_member)
+{
+    auto const first = pending_.begin() + static_cast<std::ptrdiff_t>(first_member);
+    auto const by_key = [this](TapeMember const& a, TapeMember const& b) { return tape_.key(a) < tape_.key(b); };
+    auto const out_of_order = [&](TapeMember const& a, TapeMember const& b) { return !by_key(a, b); };
+    if (std::adjacent_find(first, pending_.end(), out_of_order) != pending_.end()) {
+        std::stable_sort(first, pending_.end(), by_key);
+        auto const same_key = [this](TapeMember const& a, TapeMember const& b) { return tape_.key(a) == tape_.key(b); };
+        pending_.erase(std::unique(first, pending_.end(), same_key), pending_.end());
+    }
+    std::size_t const offset = tape_.members_.size();
+    auto const count = static_cast<std::size_t>(pending_.end() - first);
+    if (offset + count > index_limit)
+        throw std::length_error("JSON text holds more object members than can be read");
+    tape_.members_.append(pending_.data() + first_member, pending_.data() + pending_.size());
+    pending_.erase(first, pending_.end());
+    tape_.slots_[index].count = static_cast<std::uint32_t>(count);
+    tape_.slots_[index].payload = std::uint64_t{ size() } << 32 | offset;
+}
+
+// Every "zqdata" is read as the object's type so far asks; an exception ends the reading as
+// UnexpectedEnd at the value.
+ParseResult TapeReader::data_member(TypedData& typed, char const*& p, unsigned depth)
+{
+    typed.data_start = p;
+    typed.data_slot = size();
+    typed.data_pending = true;
+    try {
+        return typed_data(typed.kind, p, depth);
+    } catch (...) {
+        p = typed.data_start;
+        return UnexpectedEnd;
+    }
+}
+
+// Only a string can set the type; any other value leaves the type and the pending data as they were.
+ParseResult TapeReader::type_member(TypedData& typed, char const*& p, unsigned depth)
+{
+    if (p == end_ || *p != '"')
+        return value(p, depth);
+    std::uint32_t const name = size();
+    if (ParseResult const result = string(p); result != ParseOk)
+        return result;
+    if (IntegerKind const kind = integer_kind(tape_.string(name)); kind != IntegerKind::none)
+        typed.kind = kind;
+    if (!typed.data_pending || typed.kind == IntegerKind::none)
+        return ParseOk;
+    return read_data_again(typed, depth);
+}
+
+// The integer reading of the latest "zqdata" for the entry of the first; the object's own position stays
+// after the value of "zqtype", where a failure is reported. Data that were read as plain integers are
+// the integers already. Otherwise the bytes are read again; an exception then is ignored like a
+// "zqtype" that is no string: the entry stays Undefined and the data pending.
+ParseResult TapeReader::read_data_again(TypedData& typed, unsigned depth)
+{
+    if (retype(typed.data_slot, typed.kind)) {
+        pending_[typed.data_member].value = typed.data_slot;
+        typed.data_pending = false;
+        return ParseOk;
+    }
+    pending_[typed.data_member].value = push({ Tape::undefined_kind, false, false, 0, 0 });
+    char const* cursor = typed.data_start;
+    std::uint32_t const data = size();
+    try {
+        if (ParseResult const result = typed_data(typed.kind, cursor, depth); result != ParseOk)
+            return result;
+    } catch (...) {
+        return ParseOk;
+    }
+    pending_[typed.data_member].value = data;
+    typed.data_pending = false;
+    return ParseOk;
+}
+
+// A flat array of plain integers reads as typed data exactly as its tokens say, saturated.
+bool TapeReader::retype(std::uint32_t data, IntegerKind kind) noexcept
+{
+    TapeSlot* const slots = tape_.slots_.data();
+    if (slots[data].kind != Tape::array_kind)
+        return false;
+    TapeSlot* const first = slots + data + 1;
+    TapeSlot* const last = slots + slots[data].payload;
+    if (!std::all_of(first, last, [](TapeSlot const& slot) { return slot.integer_token; }))
+        return false;
+    std::transform(first, last, first, [kind](TapeSlot const& slot) { return typed_integer(slot, kind); });
+    return true;
+}
+
+ParseResult TapeReader::typed_data(IntegerKind kind, char const*& p, unsigned depth)
+{
+    switch (kind) {
+    case IntegerKind::signed_integer: return integer_array<long long>(p, depth);
+    case IntegerKind::unsigned_integer: return integer_array<unsigned long long>(p, depth);
+    default: return value(p, depth);
+    }
+}
+
+template <typename Integer>
+ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
+{
+    LocalPosition local{position};
+    char const*& p = local.p;
+    if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
+        return opened;
+    std::uint32_t const index = push({ Tape::array_kind, false, false, 0, 0 });
+    std::uint32_t count = 0;
+    if (*p != ']') {
+        for (;;) {
+            Integer element;
+            if (ParseResult const result = read_integer(element, p, end_); result != ParseOk)
+                return result;
+            skip(p);
+            if (p == end_)
+                return UnexpectedEnd;
+            push(integer_slot(element));
+            ++count;
+            if (*p != ',')
+                break;
+            ++p;
+            skip(p);
+        }
+        // A byte that would go on with a fraction, an exponent, a string or an object is no plain
+        // integer; white space before it changes nothing.
+        if (*p != ']')
+            return breaks_integer(*p) ? BadInteger : ExpectedArrayEnd;
+    }
+    ++p;
+    tape_.slots_[index].count = count;
+    tape_.slots_[index].payload = size();
+    return ParseOk;
+}
+
+ParseResult read_tape(Tape& tape, char const*& p, char const* end, unsigned flags, TapeStart start)
+{
+    TapeReader reader(tape, p, end, flags);
+    switch (start) {
+    case TapeStart::object: return reader.object(p, 0);
+    case TapeStart::array: return reader.array(p, 0);
+    case TapeStart::signed_integers: return reader.integer_array<long long>(p, 0);
+    case TapeStart::unsigned_integers: return reader.integer_array<unsigned long long>(p, 0);
+    default: return reader.value(p, 0);
+    }
+}
+
+} // namespace foundation::json::detail
