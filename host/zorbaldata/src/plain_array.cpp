@@ -15,13 +15,12 @@ namespace fz = foundation::zorbaldata;
 PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, std::vector<unsigned long> dimensions)
     : ArrayImpl(type, std::move(dimensions)),
       elementSize_(fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); })),
-      data_(fz::detail::allocateZeroed(count(), elementSize_, [this] { return fz::detail::arrayText(this->type(), this->dimensions()); }))
+      data_(storage(true))
 {
 }
 
 PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other)
-    : ArrayImpl(other), elementSize_(other.elementSize_),
-      data_(fz::detail::allocateUninitialized(count(), elementSize_, [this] { return fz::detail::arrayText(type(), dimensions()); }))
+    : ArrayImpl(other), elementSize_(other.elementSize_), data_(storage(false))
 {
     if (data_)
         std::memcpy(data_, other.data_, count() * elementSize_);
@@ -29,7 +28,19 @@ PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other)
 
 PlainArrayImpl::~PlainArrayImpl()
 {
-    std::free(data_);
+    if (data_ != inline_)
+        std::free(data_);
+}
+
+void* PlainArrayImpl::storage(bool zeroed)
+{
+    if (count() != 0 && count() <= inline_bytes / elementSize_) {
+        std::memset(inline_, 0, inline_bytes);
+        return inline_;
+    }
+    auto const subject = [this] { return fz::detail::arrayText(type(), dimensions()); };
+    return zeroed ? fz::detail::allocateZeroed(count(), elementSize_, subject)
+                  : fz::detail::allocateUninitialized(count(), elementSize_, subject);
 }
 
 bool PlainArrayImpl::sameContent(ArrayImpl const& other) const

@@ -21,8 +21,16 @@ public:
     bool sameContent(ArrayImpl const& other) const override;
 
 private:
+    // Elements that fit here need no allocation of their own: a scalar, or a complex double, lives
+    // in the one block of its array.
+    static constexpr std::size_t inline_bytes = 16;
+
+    /// Room for the elements: the inline bytes when they fit, else a block of the heap.
+    void* storage(bool zeroed);
+
     std::size_t elementSize_;
     void* data_;
+    alignas(std::max_align_t) unsigned char inline_[inline_bytes];
 };
 
 } // namespace zorbal::data::detail
