@@ -46,8 +46,55 @@ bool breaks_integer(char c) noexcept
 template <typename Integer>
 TapeSlot integer_slot(Integer value) noexcept
 {
-    return { std::is_signed_v<Integer> ? Tape::int64_kind : Tape::uint64_kind, false, false, 0,
+    return { std::is_signed_v<Integer> ? Tape::int64_kind : Tape::uint64_kind, false, false, unpacked, 0,
         static_cast<std::uint64_t>(value) };
+}
+
+// A number as its token reads: a plain integer of at most 19 digits without a leading zero keeps its
+// magnitude; any other number is its double.
+struct NumberToken {
+    bool plain = false;
+    bool negative = false;
+    std::uint64_t magnitude = 0;
+    double value = 0.0;
+
+    double as_double() const noexcept
+    {
+        if (!plain)
+            return value;
+        return negative ? -static_cast<double>(magnitude) : static_cast<double>(magnitude);
+    }
+    bool fits_long_long() const noexcept
+    {
+        constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<long long>::max());
+        return plain && magnitude <= largest + (negative ? 1 : 0);
+    }
+    // The two's complement word of a token that fits long long.
+    std::uint64_t long_long_word() const noexcept { return negative ? 0 - magnitude : magnitude; }
+};
+
+ParseResult read_number(char const*& p, char const* end, NumberToken& token)
+{
+    char const* const start = p;
+    if (ParseResult const result = scan_number_bytes(p, end); result != ParseOk)
+        return result;
+    token.negative = *start == '-';
+    char const* const digits = start + token.negative;
+    auto const length = static_cast<std::size_t>(p - digits);
+    if (length <= 19 && (*digits != '0' || (length == 1 && !token.negative))) {
+        std::uint64_t magnitude = 0;
+        char const* d = digits;
+        for (; d != p && is_digit(*d); ++d)
+            magnitude = magnitude * 10 + static_cast<std::uint64_t>(*d - '0');
+        if (d == p) {
+            token.plain = true;
+            token.magnitude = magnitude;
+            return ParseOk;
+        }
+    }
+    token.plain = false;
+    token.value = string_to_double(start, p);
+    return ParseOk;
 }
 
 TapeSlot typed_integer(TapeSlot const& token, IntegerKind kind) noexcept
@@ -75,8 +122,10 @@ public:
         , flags_(flags)
     {
         // A value takes eight bytes of text or more in most documents, so the tape seldom grows, and
-        // growing copies it.
-        tape_.slots_.reserve(static_cast<std::size_t>(end - p) / 8 + 1);
+        // growing copies it. The room is mapped lazily; it is capped so that a huge text asks for no
+        // more address space than a gigabyte ahead.
+        constexpr std::size_t most_reserved = std::size_t{1} << 26;
+        tape_.slots_.reserve(std::min(static_cast<std::size_t>(end - p) / 8 + 1, most_reserved));
     }
 
     ParseResult value(char const*& p, unsigned depth);
@@ -102,6 +151,9 @@ private:
     ParseResult open(char const*& p, char opener, ParseResult not_opened, unsigned depth);
     ParseResult string(char const*& p);
     ParseResult number(char const*& p);
+    ParseResult packed_number(char const*& p, std::size_t first, std::uint8_t& form);
+    void unpack(std::size_t first, std::uint8_t form);
+    void count_element(std::uint32_t& count) const;
     ParseResult literal(char const*& p);
     ParseResult data_member(TypedData& typed, char const*& p, unsigned depth);
     ParseResult type_member(TypedData& typed, char const*& p, unsigned depth);
@@ -164,7 +216,7 @@ ParseResult TapeReader::string(char const*& p)
     std::size_t const offset = tape_.text_.size();
     if (ParseResult const result = read_string<true>(tape_.text_, p, end_); result != ParseOk)
         return result;
-    push({ Tape::string_kind, false, false, text_length(offset), offset });
+    push({ Tape::string_kind, false, false, unpacked, text_length(offset), offset });
     return ParseOk;
 }
 
@@ -172,24 +224,59 @@ ParseResult TapeReader::string(char const*& p)
 // may ask for needs no second look at the text; any other number is converted as a double at once.
 ParseResult TapeReader::number(char const*& p)
 {
-    char const* const start = p;
-    if (ParseResult const result = scan_number_bytes(p, end_); result != ParseOk)
+    NumberToken token;
+    if (ParseResult const result = read_number(p, end_, token); result != ParseOk)
         return result;
-    bool const negative = *start == '-';
-    char const* digits = start + negative;
-    auto const length = static_cast<std::size_t>(p - digits);
-    if (length <= 19 && (*digits != '0' || (length == 1 && !negative))) {
-        std::uint64_t magnitude = 0;
-        char const* d = digits;
-        for (; d != p && is_digit(*d); ++d)
-            magnitude = magnitude * 10 + static_cast<std::uint64_t>(*d - '0');
-        if (d == p) {
-            push({ Tape::number_kind, true, negative, 0, magnitude });
+    if (token.plain)
+        push({ Tape::number_kind, true, token.negative, unpacked, 0, token.magnitude });
+    else
+        push({ Tape::number_kind, false, false, unpacked, 0, std::bit_cast<std::uint64_t>(token.value) });
+    return ParseOk;
+}
+
+// An element of an array that holds only numbers so far, as a word of the number buffer: integers while
+// every number is one within the range of long long, then doubles, the integers so far turned too.
+ParseResult TapeReader::packed_number(char const*& p, std::size_t first, std::uint8_t& form)
+{
+    NumberToken token;
+    if (ParseResult const result = read_number(p, end_, token); result != ParseOk)
+        return result;
+    auto& numbers = tape_.numbers_;
+    if (form == packed_integer_tokens) {
+        if (token.fits_long_long()) {
+            numbers.push_back(token.long_long_word());
             return ParseOk;
         }
+        for (std::size_t i = first; i != numbers.size(); ++i)
+            numbers[i] = std::bit_cast<std::uint64_t>(static_cast<double>(static_cast<long long>(numbers[i])));
+        form = packed_doubles;
     }
-    push({ Tape::number_kind, false, false, 0, std::bit_cast<std::uint64_t>(string_to_double(start, p)) });
+    numbers.push_back(std::bit_cast<std::uint64_t>(token.as_double()));
     return ParseOk;
+}
+
+// The numbers packed so far become slots, as if the array had never been packed: a value that is no
+// number has come.
+void TapeReader::unpack(std::size_t first, std::uint8_t form)
+{
+    auto& numbers = tape_.numbers_;
+    for (std::size_t i = first; i != numbers.size(); ++i) {
+        if (form == packed_doubles) {
+            push({ Tape::number_kind, false, false, unpacked, 0, numbers[i] });
+        } else {
+            auto const value = static_cast<long long>(numbers[i]);
+            std::uint64_t const magnitude = value < 0 ? 0 - numbers[i] : numbers[i];
+            push({ Tape::number_kind, true, value < 0, unpacked, 0, magnitude });
+        }
+    }
+    numbers.truncate(first);
+}
+
+void TapeReader::count_element(std::uint32_t& count) const
+{
+    if (count == index_limit)
+        throw std::length_error("JSON array holds more elements than can be read");
+    ++count;
 }
 
 ParseResult TapeReader::literal(char const*& p)
@@ -198,9 +285,9 @@ ParseResult TapeReader::literal(char const*& p)
     if (!starts_with(p, end_, word))
         return ExpectedQuote;
     if (*p == 'n')
-        push({ Tape::null_kind, false, false, 0, 0 });
+        push({ Tape::null_kind, false, false, unpacked, 0, 0 });
     else
-        push({ Tape::bool_kind, false, false, 0, *p == 't' });
+        push({ Tape::bool_kind, false, false, unpacked, 0, *p == 't' });
     p += word.size();
     return ParseOk;
 }
@@ -220,17 +307,30 @@ ParseResult TapeReader::open(char const*& p, char opener, ParseResult not_opened
     return p == end_ ? UnexpectedEnd : ParseOk;
 }
 
+// An array is packed while it holds numbers only, and unpacked at the first value that is none.
 ParseResult TapeReader::array(char const*& p, unsigned depth)
 {
     if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
         return opened;
-    std::uint32_t const index = push({ Tape::array_kind, false, false, 0, 0 });
+    std::uint32_t const index = push({ Tape::array_kind, false, false, unpacked, 0, 0 });
+    std::size_t const first = tape_.numbers_.size();
+    std::uint8_t form = packed_integer_tokens;
+    bool packing = true;
     std::uint32_t count = 0;
     if (*p != ']') {
         for (;;) {
-            if (ParseResult const result = value(p, depth + 1); result != ParseOk)
+            ParseResult result;
+            if (packing && (*p == '-' || is_digit(*p))) {
+                result = packed_number(p, first, form);
+            } else {
+                if (packing)
+                    unpack(first, form);
+                packing = false;
+                result = value(p, depth + 1);
+            }
+            if (result != ParseOk)
                 return result;
-            ++count;
+            count_element(count);
             skip(p);
             if (p == end_)
                 return UnexpectedEnd;
@@ -243,8 +343,14 @@ ParseResult TapeReader::array(char const*& p, unsigned depth)
             return ExpectedArrayEnd;
     }
     ++p;
-    tape_.slots_[index].count = count;
-    tape_.slots_[index].payload = size();
+    TapeSlot& slot = tape_.slots_[index];
+    slot.count = count;
+    if (packing && count != 0) {
+        slot.packed = form;
+        slot.payload = first;
+    } else {
+        slot.payload = size();
+    }
     return ParseOk;
 }
 
@@ -252,7 +358,7 @@ ParseResult TapeReader::object(char const*& p, unsigned depth)
 {
     if (ParseResult const opened = open(p, '{', ExpectedObjectStart, depth); opened != ParseOk)
         return opened;
-    std::uint32_t const index = push({ Tape::object_kind, false, false, 0, 0 });
+    std::uint32_t const index = push({ Tape::object_kind, false, false, unpacked, 0, 0 });
     std::size_t const first_member = pending_.size();
     if (*p == '}') {
         ++p;
@@ -366,7 +472,7 @@ ParseResult TapeReader::read_data_again(TypedData& typed, unsigned depth)
         typed.data_pending = false;
         return ParseOk;
     }
-    pending_[typed.data_member].value = push({ Tape::undefined_kind, false, false, 0, 0 });
+    pending_[typed.data_member].value = push({ Tape::undefined_kind, false, false, unpacked, 0, 0 });
     char const* cursor = typed.data_start;
     std::uint32_t const data = size();
     try {
@@ -386,6 +492,20 @@ bool TapeReader::retype(std::uint32_t data, IntegerKind kind) noexcept
     TapeSlot* const slots = tape_.slots_.data();
     if (slots[data].kind != Tape::array_kind)
         return false;
+    if (slots[data].packed) {
+        if (slots[data].packed != packed_integer_tokens)
+            return false;
+        // Integers within the range of long long need no saturation; an unsigned reading takes the
+        // negative ones as 0.
+        if (kind == IntegerKind::unsigned_integer) {
+            std::uint64_t* const words = tape_.numbers_.data() + slots[data].payload;
+            for (std::uint32_t i = 0; i != slots[data].count; ++i)
+                if (static_cast<long long>(words[i]) < 0)
+                    words[i] = 0;
+        }
+        slots[data].packed = kind == IntegerKind::signed_integer ? packed_int64 : packed_uint64;
+        return true;
+    }
     TapeSlot* const first = slots + data + 1;
     TapeSlot* const last = slots + slots[data].payload;
     if (!std::all_of(first, last, [](TapeSlot const& slot) { return slot.integer_token; }))
@@ -410,7 +530,8 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
     char const*& p = local.p;
     if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
         return opened;
-    std::uint32_t const index = push({ Tape::array_kind, false, false, 0, 0 });
+    std::uint32_t const index = push({ Tape::array_kind, false, false, unpacked, 0, 0 });
+    std::size_t const first = tape_.numbers_.size();
     std::uint32_t count = 0;
     if (*p != ']') {
         for (;;) {
@@ -420,8 +541,8 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
             skip(p);
             if (p == end_)
                 return UnexpectedEnd;
-            push(integer_slot(element));
-            ++count;
+            tape_.numbers_.push_back(static_cast<std::uint64_t>(element));
+            count_element(count);
             if (*p != ',')
                 break;
             ++p;
@@ -433,8 +554,14 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
             return breaks_integer(*p) ? BadInteger : ExpectedArrayEnd;
     }
     ++p;
-    tape_.slots_[index].count = count;
-    tape_.slots_[index].payload = size();
+    TapeSlot& slot = tape_.slots_[index];
+    slot.count = count;
+    if (count != 0) {
+        slot.packed = std::is_signed_v<Integer> ? packed_int64 : packed_uint64;
+        slot.payload = first;
+    } else {
+        slot.payload = size();
+    }
     return ParseOk;
 }
 

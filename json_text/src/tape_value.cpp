@@ -7,6 +7,19 @@
 
 namespace foundation::json::detail {
 
+namespace {
+
+Value packed_value(Tape const& tape, std::uint32_t index, std::uint32_t ordinal)
+{
+    switch (tape.slot(index).packed) {
+    case packed_int64: return Value(static_cast<long long>(tape.word(index, ordinal)));
+    case packed_uint64: return Value(static_cast<unsigned long long>(tape.word(index, ordinal)));
+    default: return Value(tape.packed_number(index, ordinal));
+    }
+}
+
+} // namespace
+
 // The recursion is as deep as the document, which the reader has bounded.
 Value tape_to_value(Tape const& tape, std::uint32_t index)
 {
@@ -19,8 +32,13 @@ Value tape_to_value(Tape const& tape, std::uint32_t index)
     case Tape::array_kind: {
         Array elements;
         elements.reserve(slot.count);
-        for (std::uint32_t element = index + 1; element != slot.payload; element = tape.next(element))
-            elements.push_back(tape_to_value(tape, element));
+        if (slot.packed) {
+            for (std::uint32_t i = 0; i != slot.count; ++i)
+                elements.push_back(packed_value(tape, index, i));
+        } else {
+            for (std::uint32_t element = index + 1; element != slot.payload; element = tape.next(element))
+                elements.push_back(tape_to_value(tape, element));
+        }
         return Value(std::move(elements));
     }
     case Tape::object_kind: {

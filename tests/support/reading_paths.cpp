@@ -1,8 +1,12 @@
 // The two roads from JSON text to an array, compared.
 #include "reading_paths.hpp"
 
+#include "reference_reader.hpp"
+
 #include <foundation/json/parser.hpp>
 #include <foundation/json/parser_exception.hpp>
+#include <foundation/json/json_cast.hpp>
+#include <foundation/json/traits.hpp>
 #include <foundation/zorbaldata.hpp>
 #include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
 #include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
@@ -169,11 +173,52 @@ std::string describe_array(zd::Array const& array)
     return text + "\n" + Fingerprint().of(array);
 }
 
+// Equal trees whose doubles have the same bits too (== takes -0.0 for 0.0).
+bool same_bits(fj::Value const& a, fj::Value const& b)
+{
+    switch (a.which()) {
+    case fj::traits<double>::which:
+        return std::bit_cast<std::uint64_t>(fj::json_cast<double>(a)) == std::bit_cast<std::uint64_t>(fj::json_cast<double>(b));
+    case fj::traits<fj::Array>::which: {
+        auto const& x = fj::json_cast<fj::Array>(a);
+        auto const& y = fj::json_cast<fj::Array>(b);
+        for (std::size_t i = 0; i < x.size(); ++i)
+            if (!same_bits(x[i], y[i]))
+                return false;
+        return true;
+    }
+    case fj::traits<fj::Object>::which: {
+        auto const& y = fj::json_cast<fj::Object>(b);
+        for (auto const& [key, member] : fj::json_cast<fj::Object>(a))
+            if (!same_bits(member, y.at(key)))
+                return false;
+        return true;
+    }
+    default: return true;
+    }
+}
+
+// parse_value against the reference reader, which builds the tree without a tape: the same code, the
+// same position and the same tree, number bits included.
+void expect_reference_reading(
+    std::string const& text, fj::ParseResult result, fj::TextPosition position, fj::Value const& value)
+{
+    fj::Value expected;
+    fj::TextPosition expected_position = text.begin();
+    fj::ParseResult const expected_result = reference::parse_value(expected, expected_position, text.end(), 0);
+    EXPECT_EQ(result, expected_result) << "text: " << text;
+    EXPECT_EQ(position - text.begin(), expected_position - text.begin()) << "text: " << text;
+    if (result == fj::ParseOk && expected_result == fj::ParseOk) {
+        EXPECT_TRUE(value == expected && same_bits(value, expected)) << "text: " << text;
+    }
+}
+
 zd::Array read_tree_road(std::string const& text, zd::ArrayFactory& factory)
 {
     fj::Value value;
     fj::TextPosition position = text.begin();
     fj::ParseResult const result = fj::parse_value(value, position, text.end(), 0);
+    expect_reference_reading(text, result, position, value);
     if (result != fj::ParseOk)
         throw fj::ParserException(text.begin(), position, text.end(), result, fj::get_parse_result_description(result));
     if (position != text.end())

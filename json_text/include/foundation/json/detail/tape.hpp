@@ -26,15 +26,33 @@ namespace foundation::json::detail {
 ///   converted, which rounds as the decimal text does.
 /// - long long, unsigned long long: payload the value.
 /// - string: count bytes at offset payload of the tape's text buffer.
-/// - array: count elements, which follow it on the tape; payload the index after the last of them.
+/// - array: count elements, which follow it on the tape; payload the index after the last of them. An
+///   array of numbers only (packed set to their form) holds them instead as count words of the tape's
+///   number buffer from offset payload, eight bytes a number, and nothing follows it on the tape.
 /// - object: count entries in the member table from offset (payload & 0xffffffff), sorted by key, each
 ///   key once (the first wins); the values lie on the tape after the object, up to (payload >> 32).
 struct TapeSlot {
     std::uint8_t kind = 0;
     bool integer_token = false;
     bool negative = false;
+    std::uint8_t packed = 0;
     std::uint32_t count = 0;
     std::uint64_t payload = 0;
+};
+
+/// How the words of a packed array hold its numbers.
+enum PackedForm : std::uint8_t {
+    /// Not packed.
+    unpacked = 0,
+    /// The bits of doubles.
+    packed_doubles = 1,
+    /// Plain integers of at most 19 digits within the range of long long, as long long: numbers, whose
+    /// doubles are the integers converted.
+    packed_integer_tokens = 2,
+    /// Typed data: long long.
+    packed_int64 = 3,
+    /// Typed data: unsigned long long.
+    packed_uint64 = 4,
 };
 
 /// An entry of an object: its key in the text buffer and the index of its value on the tape.
@@ -62,6 +80,9 @@ public:
     T const* data() const noexcept { return data_; }
     T& operator[](std::size_t index) noexcept { return data_[index]; }
     T const& operator[](std::size_t index) const noexcept { return data_[index]; }
+
+    /// Drops the elements from count on.
+    void truncate(std::size_t count) noexcept { size_ = count; }
 
     /// Room for count elements without growing. A block this large is mapped lazily, so the room costs
     /// memory only as far as it is used.
@@ -137,12 +158,37 @@ public:
         return { text_.data() + member.key_offset, member.key_length };
     }
 
+    /// The alternative of the elements of a packed array, numbered as the slots' kinds.
+    std::uint8_t packed_kind(std::uint32_t index) const noexcept
+    {
+        switch (slots_[index].packed) {
+        case packed_int64: return int64_kind;
+        case packed_uint64: return uint64_kind;
+        default: return number_kind;
+        }
+    }
+
+    /// The word of element ordinal of a packed array.
+    std::uint64_t word(std::uint32_t index, std::uint32_t ordinal) const noexcept
+    {
+        return numbers_[slots_[index].payload + ordinal];
+    }
+
+    /// The double of element ordinal of a packed array of numbers.
+    double packed_number(std::uint32_t index, std::uint32_t ordinal) const noexcept
+    {
+        std::uint64_t const w = word(index, ordinal);
+        if (slots_[index].packed == packed_doubles)
+            return std::bit_cast<double>(w);
+        return static_cast<double>(static_cast<long long>(w));
+    }
+
     /// The index after the value at index and everything it holds.
     std::uint32_t next(std::uint32_t index) const noexcept
     {
         TapeSlot const& s = slots_[index];
         if (s.kind == array_kind)
-            return static_cast<std::uint32_t>(s.payload);
+            return s.packed ? index + 1 : static_cast<std::uint32_t>(s.payload);
         if (s.kind == object_kind)
             return static_cast<std::uint32_t>(s.payload >> 32);
         return index + 1;
@@ -169,6 +215,7 @@ private:
 
     TapeBuffer<TapeSlot> slots_;
     TapeBuffer<TapeMember> members_;
+    TapeBuffer<std::uint64_t> numbers_;
     std::string text_;
 };
 

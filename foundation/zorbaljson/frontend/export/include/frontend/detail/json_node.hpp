@@ -42,13 +42,24 @@ class ElementCursor {
 public:
     ElementCursor() = default;
     explicit ElementCursor(foundation::json::Value const* element) noexcept : element_(element) {}
+    /// At the slot index of a tape.
     ElementCursor(Tape const& tape, std::uint32_t index) noexcept : tape_(&tape), index_(index) {}
+    /// At element ordinal of the packed array at index of a tape.
+    ElementCursor(Tape const& tape, std::uint32_t index, std::uint32_t ordinal) noexcept
+        : tape_(&tape)
+        , index_(index)
+        , ordinal_(ordinal)
+        , packed_(true)
+    {
+    }
 
     JsonNode operator*() const noexcept;
 
     ElementCursor& operator++() noexcept
     {
-        if (tape_)
+        if (packed_)
+            ++ordinal_;
+        else if (tape_)
             index_ = tape_->next(index_);
         else
             ++element_;
@@ -57,13 +68,15 @@ public:
 
     friend bool operator==(ElementCursor const& a, ElementCursor const& b) noexcept
     {
-        return a.element_ == b.element_ && a.index_ == b.index_;
+        return a.element_ == b.element_ && a.index_ == b.index_ && a.ordinal_ == b.ordinal_;
     }
 
 private:
     foundation::json::Value const* element_ = nullptr;
     Tape const* tape_ = nullptr;
     std::uint32_t index_ = 0;
+    std::uint32_t ordinal_ = 0;
+    bool packed_ = false;
 };
 
 /// A position among the entries of a JSON object, in the byte order of their keys; a key occurs once.
@@ -108,10 +121,24 @@ private:
 class JsonNode {
 public:
     explicit JsonNode(foundation::json::Value const& value) noexcept : value_(&value) {}
+    /// The value at slot index of a tape.
     JsonNode(Tape const& tape, std::uint32_t index) noexcept : tape_(&tape), index_(index) {}
+    /// Element ordinal of the packed array at slot index of a tape.
+    JsonNode(Tape const& tape, std::uint32_t index, std::uint32_t ordinal) noexcept
+        : tape_(&tape)
+        , index_(index)
+        , ordinal_(ordinal)
+        , packed_(true)
+    {
+    }
 
     /// The alternative held, numbered as in json_kind.
-    int kind() const noexcept { return value_ ? value_->which() : tape_->slot(index_).kind; }
+    int kind() const noexcept
+    {
+        if (value_)
+            return value_->which();
+        return packed_ ? tape_->packed_kind(index_) : tape_->slot(index_).kind;
+    }
     bool is(int kind) const noexcept { return this->kind() == kind; }
 
     /// @throws std::runtime_error "invalid conversion: " when the node holds another alternative.
@@ -130,19 +157,20 @@ public:
     double as_double() const
     {
         expect(json_kind::number);
-        return value_ ? foundation::json::detail::ValueAccess::get<double>(*value_) : tape_->number(index_);
+        if (value_)
+            return foundation::json::detail::ValueAccess::get<double>(*value_);
+        return packed_ ? tape_->packed_number(index_, ordinal_) : tape_->number(index_);
     }
     long long as_int64() const
     {
         expect(json_kind::int64);
         return value_ ? foundation::json::detail::ValueAccess::get<long long>(*value_)
-                      : static_cast<long long>(tape_->slot(index_).payload);
+                      : static_cast<long long>(word());
     }
     unsigned long long as_uint64() const
     {
         expect(json_kind::uint64);
-        return value_ ? foundation::json::detail::ValueAccess::get<unsigned long long>(*value_)
-                      : tape_->slot(index_).payload;
+        return value_ ? foundation::json::detail::ValueAccess::get<unsigned long long>(*value_) : word();
     }
     /// The UTF-8 bytes of a string, which live as long as the document.
     std::string_view as_string() const
@@ -158,11 +186,19 @@ public:
     /// The elements of an array. The node must hold an array.
     ElementCursor begin() const noexcept
     {
-        return value_ ? ElementCursor(array().data()) : ElementCursor(*tape_, index_ + 1);
+        if (value_)
+            return ElementCursor(array().data());
+        if (tape_->slot(index_).packed)
+            return ElementCursor(*tape_, index_, 0);
+        return ElementCursor(*tape_, index_ + 1);
     }
     ElementCursor end() const noexcept
     {
-        return value_ ? ElementCursor(array().data() + array().size()) : ElementCursor(*tape_, tape_->next(index_));
+        if (value_)
+            return ElementCursor(array().data() + array().size());
+        if (tape_->slot(index_).packed)
+            return ElementCursor(*tape_, index_, tape_->slot(index_).count);
+        return ElementCursor(*tape_, tape_->next(index_));
     }
 
     /// The entries of an object. The node must hold an object.
@@ -189,14 +225,24 @@ private:
         return foundation::json::detail::ValueAccess::get<foundation::json::Object>(*value_);
     }
 
-    // One of the two is set.
+    // The word of a scalar on the tape, in its slot or in its packed array.
+    std::uint64_t word() const noexcept
+    {
+        return packed_ ? tape_->word(index_, ordinal_) : tape_->slot(index_).payload;
+    }
+
+    // One of the two is set; a packed element is ordinal of the array at index.
     foundation::json::Value const* value_ = nullptr;
     Tape const* tape_ = nullptr;
     std::uint32_t index_ = 0;
+    std::uint32_t ordinal_ = 0;
+    bool packed_ = false;
 };
 
 inline JsonNode ElementCursor::operator*() const noexcept
 {
+    if (packed_)
+        return JsonNode(*tape_, index_, ordinal_);
     return tape_ ? JsonNode(*tape_, index_) : JsonNode(*element_);
 }
 
