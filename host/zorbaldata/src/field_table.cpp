@@ -53,11 +53,15 @@ FieldTable::FieldTable(std::vector<std::string> names)
 
 unsigned long FieldTable::indexOf(std::string_view name) const
 {
+    unsigned long const hint = lastFound_.load(std::memory_order_relaxed);
+    if (hint < names_.size() && names_[hint].getString() == name)
+        return hint;
     auto const at = std::lower_bound(byName_.begin(), byName_.end(), name,
                                      [this](unsigned long i, std::string_view n) { return names_[i].getString() < n; });
     if (at == byName_.end() || names_[*at].getString() != name)
         throw EIllegalStructFieldName("The struct array has no field called \"" + std::string(name) + "\".",
                                       std::string(name));
+    lastFound_.store(*at, std::memory_order_relaxed);
     return *at;
 }
 

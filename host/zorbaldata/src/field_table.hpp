@@ -3,6 +3,7 @@
 
 #include <foundation/zorbaldata/struct_array.hpp>
 
+#include <atomic>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,10 @@ public:
 private:
     std::vector<ZorbalFieldIdentifier> names_;
     std::vector<unsigned long> byName_;
+    // The field found last: a struct is mostly filled and read field by field, element after element,
+    // which then costs one comparison a lookup. Readers on several threads may share the table, so the
+    // hint is atomic; a stale one only costs the search.
+    mutable std::atomic<unsigned long> lastFound_{0};
 };
 
 } // namespace foundation::zorbaldata::detail
