@@ -69,6 +69,20 @@ Array to_zorbaldata_visitor::create_real_array(std::vector<unsigned long> dimens
 }
 
 template <typename T>
+Array to_zorbaldata_visitor::adopt_real_array(
+    std::vector<unsigned long> dimensions, std::unique_ptr<void, void (*)(void*)> data) const
+{
+    return factory_.createArrayFromBuffer(ElementType<T>::value, std::move(dimensions), std::move(data));
+}
+
+template Array to_zorbaldata_visitor::adopt_real_array<double>(
+    std::vector<unsigned long>, std::unique_ptr<void, void (*)(void*)>) const;
+template Array to_zorbaldata_visitor::adopt_real_array<long long>(
+    std::vector<unsigned long>, std::unique_ptr<void, void (*)(void*)>) const;
+template Array to_zorbaldata_visitor::adopt_real_array<unsigned long long>(
+    std::vector<unsigned long>, std::unique_ptr<void, void (*)(void*)>) const;
+
+template <typename T>
 Array to_zorbaldata_visitor::create_complex_array(
     std::vector<unsigned long> dimensions, ConvertingIterator<T> data, ConvertingIterator<T> const end) const
 {

@@ -13,6 +13,7 @@
 #include <bit>
 #include <cstddef>
 #include <limits>
+#include <memory>
 #include <stdexcept>
 #include <type_traits>
 
@@ -151,8 +152,21 @@ private:
     ParseResult open(char const*& p, char opener, ParseResult not_opened, unsigned depth);
     ParseResult string(char const*& p);
     ParseResult number(char const*& p);
-    ParseResult packed_number(char const*& p, std::size_t first, std::uint8_t& form);
-    void unpack(std::size_t first, std::uint8_t form);
+    // The numbers of an array that holds numbers only so far: in the shared number buffer while few, in a
+    // block of their own once many, which the array of a document's data can take over whole.
+    struct Packing {
+        std::size_t first;
+        std::uint8_t form;
+        TapeBuffer<std::uint64_t>* block = nullptr;
+    };
+
+    Packing start_packing(std::uint8_t form) const noexcept { return { tape_.numbers_.size(), form }; }
+    std::uint64_t* packed_words(Packing const& packing) noexcept;
+    std::size_t packed_count(Packing const& packing) const noexcept;
+    void pack(Packing& packing, std::uint64_t word);
+    void finish_packing(Packing const& packing, TapeSlot& slot) const noexcept;
+    ParseResult packed_number(char const*& p, Packing& packing);
+    void unpack(Packing const& packing);
     void count_element(std::uint32_t& count) const;
     ParseResult literal(char const*& p);
     ParseResult data_member(TypedData& typed, char const*& p, unsigned depth);
@@ -234,42 +248,83 @@ ParseResult TapeReader::number(char const*& p)
     return ParseOk;
 }
 
-// An element of an array that holds only numbers so far, as a word of the number buffer: integers while
-// every number is one within the range of long long, then doubles, the integers so far turned too.
-ParseResult TapeReader::packed_number(char const*& p, std::size_t first, std::uint8_t& form)
+std::uint64_t* TapeReader::packed_words(Packing const& packing) noexcept
+{
+    return packing.block ? packing.block->data() : tape_.numbers_.data() + packing.first;
+}
+
+std::size_t TapeReader::packed_count(Packing const& packing) const noexcept
+{
+    return packing.block ? packing.block->size() : tape_.numbers_.size() - packing.first;
+}
+
+// An array gets a block of its own at this many numbers: few arrays are that long, and the copy into
+// the block is small beside reading them.
+constexpr std::size_t own_block_numbers = 65536;
+
+void TapeReader::pack(Packing& packing, std::uint64_t word)
+{
+    if (packing.block) {
+        packing.block->push_back(word);
+        return;
+    }
+    tape_.numbers_.push_back(word);
+    if (tape_.numbers_.size() - packing.first < own_block_numbers)
+        return;
+    // No other array is packed meanwhile, so the numbers so far lie at the end of the shared buffer.
+    auto block = std::make_unique<TapeBuffer<std::uint64_t>>();
+    block->append(tape_.numbers_.data() + packing.first, tape_.numbers_.data() + tape_.numbers_.size());
+    tape_.blocks_.push_back(std::move(block));
+    packing.block = tape_.blocks_.back().get();
+    tape_.numbers_.truncate(packing.first);
+}
+
+void TapeReader::finish_packing(Packing const& packing, TapeSlot& slot) const noexcept
+{
+    slot.packed = packing.form;
+    slot.integer_token = packing.block != nullptr;
+    slot.payload = packing.block ? tape_.blocks_.size() - 1 : packing.first;
+}
+
+// An element of an array that holds only numbers so far, as a word: integers while every number is one
+// within the range of long long, then doubles, the integers so far turned too.
+ParseResult TapeReader::packed_number(char const*& p, Packing& packing)
 {
     NumberToken token;
     if (ParseResult const result = read_number(p, end_, token); result != ParseOk)
         return result;
-    auto& numbers = tape_.numbers_;
-    if (form == packed_integer_tokens) {
+    if (packing.form == packed_integer_tokens) {
         if (token.fits_long_long()) {
-            numbers.push_back(token.long_long_word());
+            pack(packing, token.long_long_word());
             return ParseOk;
         }
-        for (std::size_t i = first; i != numbers.size(); ++i)
-            numbers[i] = std::bit_cast<std::uint64_t>(static_cast<double>(static_cast<long long>(numbers[i])));
-        form = packed_doubles;
+        std::uint64_t* const words = packed_words(packing);
+        for (std::size_t i = 0, count = packed_count(packing); i != count; ++i)
+            words[i] = std::bit_cast<std::uint64_t>(static_cast<double>(static_cast<long long>(words[i])));
+        packing.form = packed_doubles;
     }
-    numbers.push_back(std::bit_cast<std::uint64_t>(token.as_double()));
+    pack(packing, std::bit_cast<std::uint64_t>(token.as_double()));
     return ParseOk;
 }
 
 // The numbers packed so far become slots, as if the array had never been packed: a value that is no
 // number has come.
-void TapeReader::unpack(std::size_t first, std::uint8_t form)
+void TapeReader::unpack(Packing const& packing)
 {
-    auto& numbers = tape_.numbers_;
-    for (std::size_t i = first; i != numbers.size(); ++i) {
-        if (form == packed_doubles) {
-            push({ Tape::number_kind, false, false, unpacked, 0, numbers[i] });
+    std::uint64_t const* const words = packed_words(packing);
+    for (std::size_t i = 0, count = packed_count(packing); i != count; ++i) {
+        if (packing.form == packed_doubles) {
+            push({ Tape::number_kind, false, false, unpacked, 0, words[i] });
         } else {
-            auto const value = static_cast<long long>(numbers[i]);
-            std::uint64_t const magnitude = value < 0 ? 0 - numbers[i] : numbers[i];
+            auto const value = static_cast<long long>(words[i]);
+            std::uint64_t const magnitude = value < 0 ? 0 - words[i] : words[i];
             push({ Tape::number_kind, true, value < 0, unpacked, 0, magnitude });
         }
     }
-    numbers.truncate(first);
+    if (packing.block)
+        tape_.blocks_.pop_back();
+    else
+        tape_.numbers_.truncate(packing.first);
 }
 
 void TapeReader::count_element(std::uint32_t& count) const
@@ -313,19 +368,18 @@ ParseResult TapeReader::array(char const*& p, unsigned depth)
     if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
         return opened;
     std::uint32_t const index = push({ Tape::array_kind, false, false, unpacked, 0, 0 });
-    std::size_t const first = tape_.numbers_.size();
-    std::uint8_t form = packed_integer_tokens;
-    bool packing = true;
+    Packing packing = start_packing(packed_integer_tokens);
+    bool packed = true;
     std::uint32_t count = 0;
     if (*p != ']') {
         for (;;) {
             ParseResult result;
-            if (packing && (*p == '-' || is_digit(*p))) {
-                result = packed_number(p, first, form);
+            if (packed && (*p == '-' || is_digit(*p))) {
+                result = packed_number(p, packing);
             } else {
-                if (packing)
-                    unpack(first, form);
-                packing = false;
+                if (packed)
+                    unpack(packing);
+                packed = false;
                 result = value(p, depth + 1);
             }
             if (result != ParseOk)
@@ -345,12 +399,10 @@ ParseResult TapeReader::array(char const*& p, unsigned depth)
     ++p;
     TapeSlot& slot = tape_.slots_[index];
     slot.count = count;
-    if (packing && count != 0) {
-        slot.packed = form;
-        slot.payload = first;
-    } else {
+    if (packed && count != 0)
+        finish_packing(packing, slot);
+    else
         slot.payload = size();
-    }
     return ParseOk;
 }
 
@@ -498,7 +550,8 @@ bool TapeReader::retype(std::uint32_t data, IntegerKind kind) noexcept
         // Integers within the range of long long need no saturation; an unsigned reading takes the
         // negative ones as 0.
         if (kind == IntegerKind::unsigned_integer) {
-            std::uint64_t* const words = tape_.numbers_.data() + slots[data].payload;
+            std::uint64_t* const words = slots[data].integer_token ? tape_.blocks_[slots[data].payload]->data()
+                                                                   : tape_.numbers_.data() + slots[data].payload;
             for (std::uint32_t i = 0; i != slots[data].count; ++i)
                 if (static_cast<long long>(words[i]) < 0)
                     words[i] = 0;
@@ -508,7 +561,8 @@ bool TapeReader::retype(std::uint32_t data, IntegerKind kind) noexcept
     }
     TapeSlot* const first = slots + data + 1;
     TapeSlot* const last = slots + slots[data].payload;
-    if (!std::all_of(first, last, [](TapeSlot const& slot) { return slot.integer_token; }))
+    if (!std::all_of(first, last,
+            [](TapeSlot const& slot) { return slot.kind == Tape::number_kind && slot.integer_token; }))
         return false;
     std::transform(first, last, first, [kind](TapeSlot const& slot) { return typed_integer(slot, kind); });
     return true;
@@ -531,7 +585,7 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
     if (ParseResult const opened = open(p, '[', ExpectedArrayStart, depth); opened != ParseOk)
         return opened;
     std::uint32_t const index = push({ Tape::array_kind, false, false, unpacked, 0, 0 });
-    std::size_t const first = tape_.numbers_.size();
+    Packing packing = start_packing(std::is_signed_v<Integer> ? packed_int64 : packed_uint64);
     std::uint32_t count = 0;
     if (*p != ']') {
         for (;;) {
@@ -541,7 +595,7 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
             skip(p);
             if (p == end_)
                 return UnexpectedEnd;
-            tape_.numbers_.push_back(static_cast<std::uint64_t>(element));
+            pack(packing, static_cast<std::uint64_t>(element));
             count_element(count);
             if (*p != ',')
                 break;
@@ -556,12 +610,10 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
     ++p;
     TapeSlot& slot = tape_.slots_[index];
     slot.count = count;
-    if (count != 0) {
-        slot.packed = std::is_signed_v<Integer> ? packed_int64 : packed_uint64;
-        slot.payload = first;
-    } else {
+    if (count != 0)
+        finish_packing(packing, slot);
+    else
         slot.payload = size();
-    }
     return ParseOk;
 }
 

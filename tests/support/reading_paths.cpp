@@ -158,6 +158,13 @@ private:
     std::map<void const*, std::size_t> handles_;
 };
 
+// The text in a failure message, cut short: the documents of some tests are megabytes long.
+std::string shown(std::string const& text)
+{
+    constexpr std::size_t longest = 300;
+    return text.size() <= longest ? text : text.substr(0, longest) + "... (" + std::to_string(text.size()) + " bytes)";
+}
+
 // The text the writers make of array, which shows types, dimensions and every value but the bits of
 // floats, with the fingerprint beside it.
 std::string describe_array(zd::Array const& array)
@@ -206,10 +213,10 @@ void expect_reference_reading(
     fj::Value expected;
     fj::TextPosition expected_position = text.begin();
     fj::ParseResult const expected_result = reference::parse_value(expected, expected_position, text.end(), 0);
-    EXPECT_EQ(result, expected_result) << "text: " << text;
-    EXPECT_EQ(position - text.begin(), expected_position - text.begin()) << "text: " << text;
+    EXPECT_EQ(result, expected_result) << "text: " << shown(text);
+    EXPECT_EQ(position - text.begin(), expected_position - text.begin()) << "text: " << shown(text);
     if (result == fj::ParseOk && expected_result == fj::ParseOk) {
-        EXPECT_TRUE(value == expected && same_bits(value, expected)) << "text: " << text;
+        EXPECT_TRUE(value == expected && same_bits(value, expected)) << "text: " << shown(text);
     }
 }
 
@@ -234,13 +241,13 @@ zd::Array read_both_ways(std::string const& text, zd::ArrayFactory& factory)
     Outcome const by_tree = run([&] { return read_tree_road(text, factory); });
 
     if (by_text.array && by_tree.array)
-        EXPECT_EQ(describe_array(*by_text.array), describe_array(*by_tree.array)) << "text: " << text;
+        EXPECT_EQ(describe_array(*by_text.array), describe_array(*by_tree.array)) << "text: " << shown(text);
     else if (by_text.failure && by_tree.failure)
-        EXPECT_EQ(describe_failure(by_text.failure), describe_failure(by_tree.failure)) << "text: " << text;
+        EXPECT_EQ(describe_failure(by_text.failure), describe_failure(by_tree.failure)) << "text: " << shown(text);
     else
         ADD_FAILURE() << "one road failed, the other did not: "
-                      << describe_failure(by_text.failure ? by_text.failure : by_tree.failure) << "\ntext: " << text;
-    EXPECT_EQ(by_text.log, by_tree.log) << "text: " << text;
+                      << describe_failure(by_text.failure ? by_text.failure : by_tree.failure) << "\ntext: " << shown(text);
+    EXPECT_EQ(by_text.log, by_tree.log) << "text: " << shown(text);
 
     for (std::string const& line : by_text.log)
         Logger::write(line);

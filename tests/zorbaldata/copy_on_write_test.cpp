@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
+#include <memory>
 #include <string>
 
 using namespace foundation::zorbaldata;
@@ -139,4 +141,37 @@ TEST(CopyOnWrite, ReadStructElementKeepsItsValues)
     array[0]["f"] = factory.createScalar(2.0);
     EXPECT_EQ(before["f"], factory.createScalar(1.0));
     EXPECT_EQ(std::as_const(array)[0]["f"], factory.createScalar(2.0));
+}
+
+// An array made on a buffer holds it as its own elements: no copy, its deleter called once, and a
+// copy-on-write copy of its own for a writer of a shared array.
+TEST(CopyOnWrite, ArrayTakesOverABuffer)
+{
+    static int freed = 0;
+    auto* const values = static_cast<double*>(std::malloc(3 * sizeof(double)));
+    values[0] = 1;
+    values[1] = 2;
+    values[2] = 3;
+    {
+        Array array = factory.createArrayFromBuffer(
+            ArrayType::DOUBLE, {3, 1}, std::unique_ptr<void, void (*)(void*)>(values, [](void* block) {
+                ++freed;
+                std::free(block);
+            }));
+        EXPECT_EQ(&*getReadOnlyElements<double>(array).begin(), values);
+        Array const copy = array;
+        getWritableElements<double>(array).begin()[0] = 7;
+        EXPECT_EQ(getReadOnlyElements<double>(copy).begin()[0], 1);
+        EXPECT_EQ(freed, 0);
+    }
+    EXPECT_EQ(freed, 1);
+}
+
+TEST(CopyOnWrite, ArrayOnABufferRefusesWhatCreateArrayRefuses)
+{
+    using Buffer = std::unique_ptr<void, void (*)(void*)>;
+    EXPECT_THROW(factory.createArrayFromBuffer(ArrayType::CELL, {1, 1}, Buffer(nullptr, std::free)), ETypeMismatch);
+    EXPECT_THROW(factory.createArrayFromBuffer(ArrayType::DOUBLE, {2, 2}, Buffer(nullptr, std::free)), EInvalidArgument);
+    EXPECT_THROW(factory.createArrayFromBuffer(ArrayType::DOUBLE, {1UL << 40, 1UL << 40}, Buffer(std::malloc(8), std::free)),
+                 EArrayTooLarge);
 }

@@ -104,6 +104,15 @@ void ArrayFactory::createBuffer(void** data, void (**deleter)(void*), int type, 
     *deleter = freeBuffer;
 }
 
+Array ArrayFactory::createArrayFromBuffer(ArrayType type, std::vector<unsigned long> dimensions,
+                                         std::unique_ptr<void, void (*)(void*)> data) const
+{
+    detail::requireKnownType(type);
+    if (!detail::isPlainType(type))
+        throw ETypeMismatch("Elements of type " + std::string(detail::typeName(type)) + " are not one contiguous block.");
+    return detail::Access::adopt(new zd::PlainArrayImpl(type, std::move(dimensions), std::move(data)));
+}
+
 Array ArrayFactory::createSparseArray(std::vector<unsigned long> dimensions, unsigned long nonZeros, ArrayType type,
                                       std::unique_ptr<void, void (*)(void*)> data,
                                       std::unique_ptr<unsigned long[], void (*)(void*)> rows,

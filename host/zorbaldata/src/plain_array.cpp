@@ -19,6 +19,19 @@ PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, std::vector<unsigned long> di
 {
 }
 
+PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, std::vector<unsigned long> dimensions,
+                               std::unique_ptr<void, void (*)(void*)> data)
+    : ArrayImpl(type, std::move(dimensions)),
+      elementSize_(fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); })),
+      data_(nullptr)
+{
+    if (!data && count() != 0)
+        throw fz::EInvalidArgument("An array of " + fz::detail::arrayText(this->type(), this->dimensions())
+                                   + " needs a buffer of its elements.");
+    free_ = data.get_deleter();
+    data_ = data.release();
+}
+
 PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other)
     : ArrayImpl(other), elementSize_(other.elementSize_), data_(storage(false))
 {
@@ -28,8 +41,8 @@ PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other)
 
 PlainArrayImpl::~PlainArrayImpl()
 {
-    if (data_ != inline_)
-        std::free(data_);
+    if (data_ && data_ != inline_)
+        free_(data_);
 }
 
 void* PlainArrayImpl::storage(bool zeroed)

@@ -4,6 +4,8 @@
 #include "array_impl.hpp"
 
 #include <cstddef>
+#include <cstdlib>
+#include <memory>
 
 namespace zorbal::data::detail {
 
@@ -11,6 +13,11 @@ class PlainArrayImpl final : public ArrayImpl {
 public:
     /// Zeroed elements. @throws foundation::zorbaldata::EArrayTooLarge when they cannot be had.
     PlainArrayImpl(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions);
+    /// The elements that data holds, taken over with its deleter.
+    /// @throws foundation::zorbaldata::EArrayTooLarge as the other; EInvalidArgument for no data with
+    /// elements to hold. data is freed on failure.
+    PlainArrayImpl(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions,
+                   std::unique_ptr<void, void (*)(void*)> data);
     /// A copy of the elements. @throws foundation::zorbaldata::EArrayTooLarge when it cannot be had.
     PlainArrayImpl(PlainArrayImpl const& other);
     ~PlainArrayImpl() override;
@@ -30,6 +37,8 @@ private:
 
     std::size_t elementSize_;
     void* data_;
+    // How data_ is freed, when it is not the inline bytes.
+    void (*free_)(void*) = std::free;
     alignas(std::max_align_t) unsigned char inline_[inline_bytes];
 };
 

@@ -97,6 +97,14 @@ public:
         createBuffer(data, deleter, static_cast<int>(type), count);
     }
 
+    /// A dense array of numbers, logicals or chars of the type and dimensions that takes over a buffer
+    /// holding its elements in storage order, as many as the dimensions' product (from createBuffer, or
+    /// any memory with its deleter): an array made where its elements already are, without a copy.
+    /// @throws ETypeMismatch for a type whose elements are not of fixed size. @throws EInvalidArgument
+    /// for a missing buffer with elements to hold. @throws as createArray; the buffer is freed then.
+    Array createArrayFromBuffer(ArrayType type, std::vector<unsigned long> dimensions,
+                                std::unique_ptr<void, void (*)(void*)> data) const;
+
     /// A sparse matrix that takes over three buffers of nonZeros entries (from createBuffer, or any
     /// memory with its deleter): values of the type's element type, and the row and column of each,
     /// counted from 0, in any order. Entries at one coordinate are combined (numbers add, logicals stay

@@ -13,7 +13,9 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <memory>
 #include <type_traits>
+#include <vector>
 
 namespace foundation::json::detail {
 
@@ -27,8 +29,9 @@ namespace foundation::json::detail {
 /// - long long, unsigned long long: payload the value.
 /// - string: count bytes at offset payload of the tape's text buffer.
 /// - array: count elements, which follow it on the tape; payload the index after the last of them. An
-///   array of numbers only (packed set to their form) holds them instead as count words of the tape's
-///   number buffer from offset payload, eight bytes a number, and nothing follows it on the tape.
+///   array of numbers only (packed set to their form) holds them instead as count words, eight bytes a
+///   number, and nothing follows it on the tape: at offset payload of the tape's number buffer, or, for
+///   a long array (integer_token set), in block payload of its own.
 /// - object: count entries in the member table from offset (payload & 0xffffffff), sorted by key, each
 ///   key once (the first wins); the values lie on the tape after the object, up to (payload >> 32).
 struct TapeSlot {
@@ -83,6 +86,23 @@ public:
 
     /// Drops the elements from count on.
     void truncate(std::size_t count) noexcept { size_ = count; }
+
+    /// The elements, handed over as one block of exactly their size that std::free frees (null for
+    /// none); the buffer is left empty.
+    void* release() noexcept
+    {
+        void* block = data_;
+        if (size_ == 0) {
+            std::free(block);
+            block = nullptr;
+        } else if (void* const shrunk = std::realloc(block, size_ * sizeof(T))) {
+            // Shrinking hardly ever fails; if it does, the larger block serves as well.
+            block = shrunk;
+        }
+        data_ = nullptr;
+        size_ = capacity_ = 0;
+        return block;
+    }
 
     /// Room for count elements without growing. A block this large is mapped lazily, so the room costs
     /// memory only as far as it is used.
@@ -171,8 +191,14 @@ public:
     /// The word of element ordinal of a packed array.
     std::uint64_t word(std::uint32_t index, std::uint32_t ordinal) const noexcept
     {
-        return numbers_[slots_[index].payload + ordinal];
+        TapeSlot const& s = slots_[index];
+        return s.integer_token ? (*blocks_[s.payload])[ordinal] : numbers_[s.payload + ordinal];
     }
+
+    /// The words of the packed array at index, handed over to the caller (freed with std::free), when the
+    /// array is the value of "zqdata" of an object that is the whole document and has a block of its
+    /// own: data that the readers read once only, after which the tape has them no more. Null otherwise.
+    void* take_root_data(std::uint32_t index) const noexcept;
 
     /// The double of element ordinal of a packed array of numbers.
     double packed_number(std::uint32_t index, std::uint32_t ordinal) const noexcept
@@ -216,6 +242,8 @@ private:
     TapeBuffer<TapeSlot> slots_;
     TapeBuffer<TapeMember> members_;
     TapeBuffer<std::uint64_t> numbers_;
+    // The words of long packed arrays, one block each; a block may be taken, which is why it is mutable.
+    mutable std::vector<std::unique_ptr<TapeBuffer<std::uint64_t>>> blocks_;
     std::string text_;
 };
 

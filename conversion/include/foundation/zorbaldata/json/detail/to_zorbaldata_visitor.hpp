@@ -13,6 +13,8 @@
 
 #include <boost/optional.hpp>
 
+#include <memory>
+
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -61,6 +63,12 @@ public:
     template <typename T, typename Position>
     Array create_real_array(std::vector<unsigned long> dimensions, ConvertingIterator<T, Position> begin,
         ConvertingIterator<T, Position> end) const;
+
+    /// The array of T (a numeric type) of the dimensions whose elements data holds in storage order, as
+    /// many as the dimensions ask, taken over without a copy.
+    /// @throws the factory's exceptions, such as EArrayTooLarge; data is freed then.
+    template <typename T>
+    Array adopt_real_array(std::vector<unsigned long> dimensions, std::unique_ptr<void, void (*)(void*)> data) const;
 
     /// A complex array of std::complex<T> of the dimensions, its elements read from begin to end as
     /// pairs, real part first.

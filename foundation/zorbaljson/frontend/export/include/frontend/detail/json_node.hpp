@@ -215,6 +215,14 @@ public:
     /// The value at key, matched exactly, or none. The node must hold an object.
     std::optional<JsonNode> find(std::string_view key) const;
 
+    /// How a JSON array on a tape holds its numbers (foundation::json::detail::PackedForm), unpacked
+    /// for any other node.
+    std::uint8_t packed_form() const noexcept { return value_ || packed_ ? 0 : tape_->slot(index_).packed; }
+
+    /// The numbers of a packed array, handed over as one block that std::free frees, when the tape can
+    /// give them away (Tape::take_root_data); the node must not be read again then. Null otherwise.
+    void* take_numbers() const noexcept { return value_ || packed_ ? nullptr : tape_->take_root_data(index_); }
+
 private:
     foundation::json::Array const& array() const noexcept
     {
