@@ -122,11 +122,13 @@ public:
         , end_(end)
         , flags_(flags)
     {
-        // A value takes eight bytes of text or more in most documents, so the tape seldom grows, and
-        // growing copies it. The room is mapped lazily; it is capped so that a huge text asks for no
-        // more address space than a gigabyte ahead.
+        // A value takes eight bytes of text or more in most documents, a packed number four, so the
+        // tape seldom grows, and growing copies it. The room is mapped lazily; it is capped so that a
+        // huge text asks for no more address space than a gigabyte ahead.
         constexpr std::size_t most_reserved = std::size_t{1} << 26;
-        tape_.slots_.reserve(std::min(static_cast<std::size_t>(end - p) / 8 + 1, most_reserved));
+        auto const bytes = static_cast<std::size_t>(end - p);
+        tape_.slots_.reserve(std::min(bytes / 8 + 1, most_reserved));
+        tape_.numbers_.reserve(std::min(bytes / 4 + 1, most_reserved));
     }
 
     ParseResult value(char const*& p, unsigned depth);
@@ -163,7 +165,7 @@ private:
     Packing start_packing(std::uint8_t form) const noexcept { return { tape_.numbers_.size(), form }; }
     std::uint64_t* packed_words(Packing const& packing) noexcept;
     std::size_t packed_count(Packing const& packing) const noexcept;
-    void pack(Packing& packing, std::uint64_t word);
+    void pack(Packing& packing, std::uint64_t word, char const* p);
     void finish_packing(Packing const& packing, TapeSlot& slot) const noexcept;
     ParseResult packed_number(char const*& p, Packing& packing);
     void unpack(Packing const& packing);
@@ -262,7 +264,9 @@ std::size_t TapeReader::packed_count(Packing const& packing) const noexcept
 // the block is small beside reading them.
 constexpr std::size_t own_block_numbers = 65536;
 
-void TapeReader::pack(Packing& packing, std::uint64_t word)
+// p is where the reading stands, so that a block can have room for as many numbers as the rest of the
+// text could hold: it then never moves while it grows, and the room it does not use is never touched.
+void TapeReader::pack(Packing& packing, std::uint64_t word, char const* p)
 {
     if (packing.block) {
         packing.block->push_back(word);
@@ -273,6 +277,9 @@ void TapeReader::pack(Packing& packing, std::uint64_t word)
         return;
     // No other array is packed meanwhile, so the numbers so far lie at the end of the shared buffer.
     auto block = std::make_unique<TapeBuffer<std::uint64_t>>();
+    constexpr std::size_t most_reserved = std::size_t{1} << 27;
+    std::size_t const room = own_block_numbers + static_cast<std::size_t>(end_ - p) / 2;
+    block->reserve(std::min(room, most_reserved));
     block->append(tape_.numbers_.data() + packing.first, tape_.numbers_.data() + tape_.numbers_.size());
     tape_.blocks_.push_back(std::move(block));
     packing.block = tape_.blocks_.back().get();
@@ -295,7 +302,7 @@ ParseResult TapeReader::packed_number(char const*& p, Packing& packing)
         return result;
     if (packing.form == packed_integer_tokens) {
         if (token.fits_long_long()) {
-            pack(packing, token.long_long_word());
+            pack(packing, token.long_long_word(), p);
             return ParseOk;
         }
         std::uint64_t* const words = packed_words(packing);
@@ -303,7 +310,7 @@ ParseResult TapeReader::packed_number(char const*& p, Packing& packing)
             words[i] = std::bit_cast<std::uint64_t>(static_cast<double>(static_cast<long long>(words[i])));
         packing.form = packed_doubles;
     }
-    pack(packing, std::bit_cast<std::uint64_t>(token.as_double()));
+    pack(packing, std::bit_cast<std::uint64_t>(token.as_double()), p);
     return ParseOk;
 }
 
@@ -595,7 +602,7 @@ ParseResult TapeReader::integer_array(char const*& position, unsigned depth)
             skip(p);
             if (p == end_)
                 return UnexpectedEnd;
-            pack(packing, static_cast<std::uint64_t>(element));
+            pack(packing, static_cast<std::uint64_t>(element), p);
             count_element(count);
             if (*p != ',')
                 break;
