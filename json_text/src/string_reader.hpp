@@ -85,7 +85,7 @@ ParseResult read_string(std::string& acc, char const*& p, char const* end)
     if (*p != '"')
         return ExpectedQuote;
     ++p;
-    auto const find = [end](char const* from, char const* to, char byte) {
+    auto const find = [](char const* from, char const* to, char byte) {
         void const* const found = std::memchr(from, byte, static_cast<std::size_t>(to - from));
         return found ? static_cast<char const*>(found) : to;
     };

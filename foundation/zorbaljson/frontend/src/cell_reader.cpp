@@ -20,7 +20,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(Zo
     return backend_->create_cell(begin, end, dims_);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalCell>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalCell>) const;
 
 } // namespace foundation::zorbaljson::detail

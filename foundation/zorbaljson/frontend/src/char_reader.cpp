@@ -19,7 +19,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(Zo
     return backend_->create_char_array(dims_, (*list.begin()).as_string());
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalChar>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalChar>) const;
 
 } // namespace foundation::zorbaljson::detail

@@ -33,7 +33,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(Zo
     return backend_->create_enum(begin, end, dims_, class_name);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalEnum>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalEnum>) const;
 
 } // namespace foundation::zorbaljson::detail

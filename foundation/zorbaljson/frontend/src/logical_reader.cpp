@@ -35,7 +35,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(
     return backend_->create_real_array(dims_, begin, end);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalLogical>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalLogical>) const;
 
 } // namespace foundation::zorbaljson::detail

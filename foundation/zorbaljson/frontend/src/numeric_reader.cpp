@@ -101,16 +101,16 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(Ta
     return backend_->create_real_array(dims_, begin, end);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalInt8>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalInt16>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalInt32>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalInt64>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalUInt8>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalUInt16>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalUInt32>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalUInt64>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalSingle>) const;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalDouble>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalInt8>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalInt16>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalInt32>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalInt64>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalUInt8>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalUInt16>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalUInt32>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalUInt64>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalSingle>) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalDouble>) const;
 
 } // namespace foundation::zorbaljson::detail

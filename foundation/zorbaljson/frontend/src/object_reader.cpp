@@ -88,11 +88,11 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_object_l
     // The list and an element's object are two levels between this object and a property's value.
     auto const level = backend_->nesting().enter(2);
     ElementConverter<PropertyMap> const convert = element_properties(*backend_, class_name);
-    auto const [begin, end] = converting_range(list, convert);
+    auto const range = converting_range(list, convert);
     if (!handle)
-        return backend_->create_object_array(begin, end, dims_, class_name);
+        return backend_->create_object_array(range.first, range.second, dims_, class_name);
     return read_handles(object_, class_name, list.size(), [&](auto ids, std::string const& kvx_id) {
-        return backend_->create_handle_array(begin, end, ids, kvx_id, dims_, class_name);
+        return backend_->create_handle_array(range.first, range.second, ids, kvx_id, dims_, class_name);
     });
 }
 
@@ -102,16 +102,16 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_heteroge
     JsonNode const list = read_data_array(data_, object_label);
     auto const level = backend_->nesting().enter(2);
     ElementConverter<HeterogeneousElement> const convert = heterogeneous_element(*backend_);
-    auto const [begin, end] = converting_range(list, convert);
+    auto const range = converting_range(list, convert);
     if (!handle)
-        return backend_->create_heterogeneous_array(begin, end, dims_);
+        return backend_->create_heterogeneous_array(range.first, range.second, dims_);
     return read_handles(object_, heterogeneous_class_name, list.size(),
         [&](auto ids, std::string const& kvx_id) {
-            return backend_->create_heterogeneous_handle_array(begin, end, ids, kvx_id, dims_);
+            return backend_->create_heterogeneous_handle_array(range.first, range.second, ids, kvx_id, dims_);
         });
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::object_helper(bool) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::object_helper(bool) const;
 
 } // namespace foundation::zorbaljson::detail

@@ -142,9 +142,9 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::read_sparse(
         return read_real_sparse<T>(*backend_, dims_, list);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::read_sparse<float>(JsonNode, bool) const;
-template foundation::zorbaldata::Array Visitor::read_sparse<double>(JsonNode, bool) const;
-template foundation::zorbaldata::Array Visitor::read_sparse<bool>(JsonNode, bool) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::read_sparse<float>(JsonNode, bool) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::read_sparse<double>(JsonNode, bool) const;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::read_sparse<bool>(JsonNode, bool) const;
 
 } // namespace foundation::zorbaljson::detail

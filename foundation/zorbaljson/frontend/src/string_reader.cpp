@@ -54,7 +54,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(
     return backend_->create_string(begin, end, dims_);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalString>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalString>) const;
 
 } // namespace foundation::zorbaljson::detail

@@ -30,7 +30,7 @@ foundation::zorbaldata::Array zorbal_json_large_format_visitor<B>::operator()(
     return backend_->create_struct(begin, end, dims_, names);
 }
 
-using Visitor = zorbal_json_large_format_visitor<foundation::zorbaldata::json::detail::to_zorbaldata_visitor>;
-template foundation::zorbaldata::Array Visitor::operator()(ZorbalTypeTag<ZorbalStruct>) const;
+using Backend = foundation::zorbaldata::json::detail::to_zorbaldata_visitor;
+template foundation::zorbaldata::Array zorbal_json_large_format_visitor<Backend>::operator()(ZorbalTypeTag<ZorbalStruct>) const;
 
 } // namespace foundation::zorbaljson::detail

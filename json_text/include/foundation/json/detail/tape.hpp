@@ -125,6 +125,8 @@ public:
     void append(T const* first, T const* last)
     {
         auto const count = static_cast<std::size_t>(last - first);
+        if (count == 0)
+            return; // first may be null, which memcpy does not allow even for no bytes
         if (capacity_ - size_ < count)
             grow(size_ + count);
         std::memcpy(data_ + size_, first, count * sizeof(T));
