@@ -46,8 +46,8 @@ LD_LIBRARY_PATH=$libdir "$scratch/consumer-pc"
 echo "== add_subdirectory"
 cmake -S "$consumer" -B "$scratch/subdirectory" -G Ninja -DCMAKE_CXX_COMPILER="$cxx" \
   -DZORBALDATA_JSON_SOURCE_DIR="$source" -DBUILD_TESTING=ON -DCMAKE_COMPILE_WARNING_AS_ERROR=ON >/dev/null
-for own in tests bench tools; do
+for own in tests bench tools docs; do
   [[ ! -e $scratch/subdirectory/zorbaldata_json/$own ]] || { echo "the subproject brought its $own along"; exit 1; }
 done
-cmake --build "$scratch/subdirectory" --target consumer
+cmake --build "$scratch/subdirectory" --target consumer -j2
 "$scratch/subdirectory/consumer"
