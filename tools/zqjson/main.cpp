@@ -1,8 +1,12 @@
 // zqjson: converts JSON text to an array and writes it back as JSON, or tells what came out.
 #include "describe.hpp"
+#include "destination.hpp"
+#include "document.hpp"
+#include "failure.hpp"
 #include "input.hpp"
 #include "options.hpp"
 #include "output.hpp"
+#include "version.hpp"
 
 #include <foundation/zorbaldata_json.hpp>
 
@@ -30,26 +34,21 @@ std::string class_name(std::exception const& e)
 
 int convert(zqjson::Options const& options)
 {
-    std::string text;
+    std::string const name = zqjson::input_name(options.input);
     try {
-        text = zqjson::read_input(options.input);
-    } catch (std::exception const& e) {
-        std::cerr << "zqjson: " << e.what() << '\n';
-        return 1;
-    }
-    try {
+        std::string const text = zqjson::read_input(options.input);
         foundation::zorbaldata::ArrayFactory factory;
-        foundation::zorbaldata::Array array
-            = foundation::zorbaldata::json::string_to_zorbaldata(text, factory);
-        std::cout << (options.describe ? zqjson::describe(array)
-                                       : zqjson::write_json(std::move(array), options.notation))
-                  << '\n';
+        foundation::zorbaldata::Array array = zqjson::read_document(text, name, options.strict, factory);
+        zqjson::deliver(options.output,
+            options.describe ? zqjson::describe(array) : zqjson::write_json(std::move(array), options.notation));
         return 0;
+    } catch (zqjson::Failure const& e) {
+        std::cerr << "zqjson: " << e.what() << '\n';
     } catch (foundation::json::ParserException const& e) {
         // The message already shows where: three lines with the excerpt and a caret.
-        std::cerr << e.what() << '\n';
+        std::cerr << "zqjson: " << name << ": " << e.what() << '\n';
     } catch (std::exception const& e) {
-        std::cerr << class_name(e) << ": " << e.what() << '\n';
+        std::cerr << "zqjson: " << name << ": " << class_name(e) << ": " << e.what() << '\n';
     }
     return 1;
 }
@@ -59,6 +58,11 @@ struct Run {
     int operator()(zqjson::HelpRequest) const
     {
         std::cout << zqjson::usage();
+        return 0;
+    }
+    int operator()(zqjson::VersionRequest) const
+    {
+        std::cout << "zqjson " << zqjson::package_version << '\n';
         return 0;
     }
     int operator()(zqjson::UsageError const& error) const

@@ -14,41 +14,50 @@ using foundation::zorbaldata::ObjectFilter;
 using foundation::zorbaljson::NanType;
 using foundation::zorbaljson::ToJsonMode;
 
-// An option that takes a value: its name, the values it takes as messages list them, and how it
-// stores one; store refuses a value it does not know by returning false.
+// An option that takes a value: its name, a short name or none, the values it takes as messages
+// list them, and how it stores one; store refuses a value it does not know by returning false.
 struct ValueOption {
     std::string_view name;
+    std::string_view short_name;
     std::string_view accepted;
-    bool (*store)(std::string_view value, Notation& notation);
+    bool (*store)(std::string_view value, Options& options);
 };
 
 constexpr std::array value_options {
-    ValueOption { "--format", "large or small",
-        [](std::string_view value, Notation& notation) {
+    ValueOption { "--format", "", "large or small",
+        [](std::string_view value, Options& options) {
             if (value != "large" && value != "small")
                 return false;
-            notation.mode = value == "large" ? ToJsonMode::Large : ToJsonMode::Small;
+            options.notation.mode = value == "large" ? ToJsonMode::Large : ToJsonMode::Small;
             return true;
         } },
-    ValueOption { "--nan", "string or object",
-        [](std::string_view value, Notation& notation) {
+    ValueOption { "--nan", "", "string or object",
+        [](std::string_view value, Options& options) {
             if (value != "string" && value != "object")
                 return false;
-            notation.nan = value == "string" ? NanType::String : NanType::Object;
+            options.notation.nan = value == "string" ? NanType::String : NanType::Object;
             return true;
         } },
-    ValueOption { "--filter", "0, 1 or 2",
-        [](std::string_view value, Notation& notation) {
+    ValueOption { "--filter", "", "0, 1 or 2",
+        [](std::string_view value, Options& options) {
             if (value.size() != 1 || value[0] < '0' || value[0] > '2')
                 return false;
-            notation.filter = static_cast<ObjectFilter>(value[0] - '0');
+            options.notation.filter = static_cast<ObjectFilter>(value[0] - '0');
+            return true;
+        } },
+    ValueOption { "--output", "-o", "a file name or -",
+        [](std::string_view value, Options& options) {
+            if (value.empty())
+                return false;
+            options.output = value;
             return true;
         } },
 };
 
 ValueOption const* find_value_option(std::string_view name)
 {
-    auto const found = std::ranges::find(value_options, name, &ValueOption::name);
+    auto const found = std::ranges::find_if(value_options,
+        [name](ValueOption const& option) { return option.name == name || option.short_name == name; });
     return found == value_options.end() ? nullptr : &*found;
 }
 
@@ -72,6 +81,10 @@ ParsedCommandLine parse_command_line(std::span<char const* const> arguments)
             options_ended = true;
         } else if (argument == "-h" || argument == "--help") {
             return HelpRequest {};
+        } else if (argument == "--version") {
+            return VersionRequest {};
+        } else if (argument == "--strict") {
+            options.strict = true;
         } else if (argument == "--pretty") {
             options.notation.pretty = true;
         } else if (argument == "--describe") {
@@ -89,7 +102,7 @@ ParsedCommandLine parse_command_line(std::span<char const* const> arguments)
             else
                 return UsageError { std::string(option->name)
                     + " needs a value: " + std::string(option->accepted) };
-            if (!option->store(value, options.notation))
+            if (!option->store(value, options))
                 return UsageError { std::string(option->name) + " takes " + std::string(option->accepted)
                     + ", not \"" + std::string(value) + '"' };
         }
@@ -100,7 +113,7 @@ ParsedCommandLine parse_command_line(std::span<char const* const> arguments)
 std::string usage()
 {
     return "usage: zqjson [--format large|small] [--nan string|object] [--pretty] [--filter 0|1|2]\n"
-           "              [--describe] [FILE|-]\n"
+           "              [--describe] [--strict] [-o FILE] [FILE|-]\n"
            "Reads JSON text from FILE (standard input when FILE is - or absent), converts it to an\n"
            "array and writes the array back as JSON text.\n"
            "  --format large  every array as {\"zqdata\":...,\"zqsize\":...,\"zqtype\":...} (default)\n"
@@ -110,9 +123,14 @@ std::string usage()
            "  --filter 0|1|2  object classes written: 0 all (default), 1 those listed (zqjson lists\n"
            "                  none), 2 none\n"
            "  --pretty        indented, one element or member a line, instead of compact\n"
-           "  --describe      print only the array's size and class, such as \"1x2 int32\"\n"
+           "  --describe      print only the array's size and class, such as \"1x2 int32\", and a line\n"
+           "                  for each field, property or first few cell entries inside it\n"
+           "  --strict        read the text exactly: no byte order mark, no white space around the value\n"
+           "  -o, --output FILE  write to FILE, replacing it only once all is written (- is standard\n"
+           "                  output, the default)\n"
            "  -h, --help      print this text\n"
-           "Exit status: 0 done, 1 the text, its conversion or its writing failed, 2 usage error.\n";
+           "  --version       print the version\n"
+           "Exit status: 0 done, 1 the input, its conversion or the output failed, 2 usage error.\n";
 }
 
 } // namespace zqjson
