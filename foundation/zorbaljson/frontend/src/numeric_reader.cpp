@@ -24,19 +24,22 @@ namespace {
 
 using foundation::json::detail::PackedForm;
 
+// The kinds whose numbers the tape packs.
+template <typename T>
+constexpr bool packable = std::is_same_v<T, double> || std::is_same_v<T, long long> || std::is_same_v<T, unsigned long long>;
+
 // Whether numbers packed in form are the elements of an array of T word for word, once integers are
 // turned into doubles for a double array. Every such number is a valid element, so no element can fail.
 template <typename T>
+    requires packable<T>
 bool packed_as(std::uint8_t form) noexcept
 {
     if constexpr (std::is_same_v<T, double>)
         return form == PackedForm::packed_doubles || form == PackedForm::packed_integer_tokens;
     else if constexpr (std::is_same_v<T, long long>)
         return form == PackedForm::packed_int64;
-    else if constexpr (std::is_same_v<T, unsigned long long>)
-        return form == PackedForm::packed_uint64;
     else
-        return false;
+        return form == PackedForm::packed_uint64;
 }
 
 bool holds_count(std::vector<unsigned long> const& dims, std::size_t count) noexcept
@@ -54,21 +57,24 @@ bool holds_count(std::vector<unsigned long> const& dims, std::size_t count) noex
 template <typename T, typename B>
 std::optional<foundation::zorbaldata::Array> take_whole(B& backend, JsonNode list, std::vector<unsigned long> const& dims)
 {
-    std::uint8_t const form = list.packed_form();
-    if (!packed_as<T>(form) || !holds_count(dims, list.size()))
+    // Only the packable kinds have an adopting factory entry to link against, optimised or not.
+    if constexpr (!packable<T>) {
         return std::nullopt;
-    void* const words = list.take_numbers();
-    if (!words)
-        return std::nullopt;
-    std::unique_ptr<void, void (*)(void*)> data(words, std::free);
-    if constexpr (std::is_same_v<T, double>) {
-        if (form == PackedForm::packed_integer_tokens) {
+    } else {
+        std::uint8_t const form = list.packed_form();
+        if (!packed_as<T>(form) || !holds_count(dims, list.size()))
+            return std::nullopt;
+        void* const words = list.take_numbers();
+        if (!words)
+            return std::nullopt;
+        std::unique_ptr<void, void (*)(void*)> data(words, std::free);
+        if (std::is_same_v<T, double> && form == PackedForm::packed_integer_tokens) {
             auto* const word = static_cast<std::uint64_t*>(words);
             for (std::size_t i = 0, count = list.size(); i != count; ++i)
                 word[i] = std::bit_cast<std::uint64_t>(static_cast<double>(static_cast<long long>(word[i])));
         }
+        return backend.template adopt_real_array<T>(dims, std::move(data));
     }
-    return backend.template adopt_real_array<T>(dims, std::move(data));
 }
 
 } // namespace
