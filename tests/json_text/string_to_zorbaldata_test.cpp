@@ -66,4 +66,32 @@ TEST(StringToZorbaldata, ConversionFailuresPassThrough)
     EXPECT_THROW(convert("\"\xC0\xAF\""), yx::i18n::CvtInvalidCharacter);
 }
 
+// A caller that skips bytes of its own around the value, as the command-line tool does, gets the
+// positions of the whole text back.
+TEST(StringToZorbaldata, PartOfATextReportsPlacesInTheWhole)
+{
+    zd::ArrayFactory factory;
+    std::string const good = "  [1,2]\n";
+    zd::Array const array = zd::json::string_to_zorbaldata(good, good.begin() + 2, good.end() - 1, factory);
+    EXPECT_EQ(array.getDimensions(), (Dims{2, 1}));
+
+    static const struct {
+        char const* name;
+        std::string text;
+        std::size_t skipped_before, skipped_after;
+        std::string message;
+    } cases[] = {
+        {"SyntaxOnSecondLine", "\n [1,\n x]\n", 2, 1,
+         "JSON ParserException (E0008): Expected a string (opening quote) (Line 3, Column 1)\n\t x]\n\t ^"},
+        {"MoreAfterTheValue", " 1 2 ", 1, 1, "JSON ParserException (E0000): Parse incomplete (Line 1, Column 2)\n\t 1 2 \n\t  ^"},
+        {"NothingBetween", "   ", 3, 0, "JSON ParserException (E0019): Unexpected end of text (Line 1, Column 3)\n\t   \n\t   ^"},
+    };
+    for (auto const& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_THROW_WHAT(zd::json::string_to_zorbaldata(c.text, c.text.begin() + static_cast<long>(c.skipped_before),
+                                                         c.text.end() - static_cast<long>(c.skipped_after), factory),
+                          fj::ParserException, c.message);
+    }
+}
+
 } // namespace

@@ -3,19 +3,13 @@
 
 #include "failure.hpp"
 
-#include <foundation/json/parse_result.hpp>
-#include <foundation/json/parser.hpp>
-#include <foundation/json/parser_exception.hpp>
-#include <foundation/json/value.hpp>
-#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
+#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
 
 #include <string_view>
 
 namespace zqjson {
 
 namespace {
-
-namespace fj = foundation::json;
 
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
@@ -31,8 +25,8 @@ foundation::zorbaldata::Array read_document(std::string const& text, std::string
 {
     if (text.empty())
         throw Failure(name + " is empty");
-    fj::TextPosition begin = text.begin();
-    fj::TextPosition end = text.end();
+    std::string::const_iterator begin = text.begin();
+    std::string::const_iterator end = text.end();
     if (!strict) {
         if (std::string_view(text).starts_with(byte_order_mark))
             begin += byte_order_mark.size();
@@ -45,14 +39,7 @@ foundation::zorbaldata::Array read_document(std::string const& text, std::string
     }
     // The value is read between the skipped bytes rather than from a trimmed copy, which would double
     // the memory of a large file and shift the reported positions away from the file's own.
-    fj::Value value;
-    fj::TextPosition position = begin;
-    fj::ParseResult const result = fj::parse_value(value, position, end, 0);
-    if (result != fj::ParseOk)
-        throw fj::ParserException(text.begin(), position, text.end(), result, fj::get_parse_result_description(result));
-    if (position != end)
-        throw fj::ParserException(text.begin(), position, text.end(), fj::ParseOk, "Parse incomplete");
-    return foundation::zorbaldata::json::json_to_zorbaldata(value, factory);
+    return foundation::zorbaldata::json::string_to_zorbaldata(text, begin, end, factory);
 }
 
 } // namespace zqjson

@@ -18,4 +18,12 @@ namespace foundation::zorbaldata::json {
 /// text null.
 FOUNDATION_ZORBALDATA_JSON_API Array string_to_zorbaldata(std::string const& text, ArrayFactory& factory);
 
+/// The array that the part of text from begin to end describes, read as the whole text is read by the
+/// other overload. Positions in a ParserException (offset, line, column, the caret's line) are those of
+/// the whole text, so a caller that skips a prefix of its own, such as white space or a byte order
+/// mark, reports places as they are in the file.
+/// @pre begin and end are iterators into text, begin not after end.
+FOUNDATION_ZORBALDATA_JSON_API Array string_to_zorbaldata(std::string const& text, std::string::const_iterator begin,
+                                                          std::string::const_iterator end, ArrayFactory& factory);
+
 } // namespace foundation::zorbaldata::json
