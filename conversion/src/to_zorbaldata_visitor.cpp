@@ -37,17 +37,22 @@ Array to_zorbaldata_visitor::create_double_array(
 template <typename T>
 Array to_zorbaldata_visitor::create_scalar(T const value) const
 {
-    Array array = factory_.createArray(ElementType<T>::value, { 1, 1 });
-    *getWritableElements<T>(array).begin() = value;
-    return array;
+    return factory_.createScalar(value);
 }
 
 template Array to_zorbaldata_visitor::create_scalar(double) const;
 template Array to_zorbaldata_visitor::create_scalar(bool) const;
 
-Array to_zorbaldata_visitor::create_char_array(std::u16string const& text) const
+Array to_zorbaldata_visitor::create_char_array(std::string_view utf8) const
 {
-    return factory_.createCharArray(text);
+    // Most strings are ASCII, whose bytes are their code units: they go into the array without a
+    // UTF-16 copy of their own.
+    bool const ascii = std::all_of(utf8.begin(), utf8.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    if (!ascii || utf8.empty())
+        return factory_.createCharArray(foundation::zorbaljson::detail::utf8_to_utf16(utf8));
+    Array array = factory_.createArray(ArrayType::CHAR, {1, utf8.size()});
+    std::copy(utf8.begin(), utf8.end(), getWritableElements<char16_t>(array).begin());
+    return array;
 }
 
 template <typename T, typename Position>

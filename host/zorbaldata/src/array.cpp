@@ -38,7 +38,10 @@ ArrayType Array::getType() const noexcept
 
 std::vector<unsigned long> Array::getDimensions() const
 {
-    return impl_ ? implOf(*this)->dimensions() : std::vector<unsigned long>{0, 0};
+    if (!impl_)
+        return {0, 0};
+    auto const dimensions = implOf(*this)->dimensions();
+    return {dimensions.begin(), dimensions.end()};
 }
 
 unsigned long Array::getNumberOfElements() const noexcept

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 namespace foundation::zorbaldata {
 
@@ -52,27 +53,45 @@ void ArrayFactory::requireObjects(std::string const& className) const
 
 Array ArrayFactory::createArray(ArrayType type, std::vector<unsigned long> dimensions) const
 {
+    return createArrayOf(type, dimensions);
+}
+
+Array ArrayFactory::createArray(ArrayType type, std::initializer_list<unsigned long> dimensions) const
+{
+    return createArrayOf(type, zd::Dimensions(dimensions.begin(), dimensions.size()));
+}
+
+Array ArrayFactory::createScalarArray(ArrayType type, void const* value) const
+{
+    static constexpr unsigned long oneByOne[] = {1, 1};
+    auto* const array = new zd::PlainArrayImpl(type, oneByOne);
+    std::memcpy(array->data(), value, array->elementSize());
+    return detail::Access::adopt(array);
+}
+
+Array ArrayFactory::createArrayOf(ArrayType type, zd::Dimensions dimensions) const
+{
     detail::requireKnownType(type);
     if (detail::isPlainType(type))
-        return detail::Access::adopt(new zd::PlainArrayImpl(type, std::move(dimensions)));
+        return detail::Access::adopt(new zd::PlainArrayImpl(type, dimensions));
     if (detail::isSparseType(type))
-        return detail::Access::adopt(zd::makeSparseArray(type, std::move(dimensions), 0, zd::Buffer(nullptr, freeBuffer),
+        return detail::Access::adopt(zd::makeSparseArray(type, dimensions, 0, zd::Buffer(nullptr, freeBuffer),
                                                          zd::IndexBuffer(nullptr, freeBuffer),
                                                          zd::IndexBuffer(nullptr, freeBuffer)));
     switch (type) {
-    case ArrayType::STRING: return detail::Access::adopt(new zd::StringArrayImpl(std::move(dimensions)));
-    case ArrayType::CELL: return detail::Access::adopt(new zd::CellArrayImpl(std::move(dimensions)));
-    case ArrayType::STRUCT: return createStructArray(std::move(dimensions), {});
-    case ArrayType::VALUE_OBJECT: return createValueObjectArray(std::move(dimensions));
-    case ArrayType::HANDLE_OBJECT_REF: return detail::Access::adopt(new zd::HandleArrayImpl(std::move(dimensions)));
-    case ArrayType::ENUM: return createEnumArray(std::move(dimensions), std::string());
+    case ArrayType::STRING: return detail::Access::adopt(new zd::StringArrayImpl(dimensions));
+    case ArrayType::CELL: return detail::Access::adopt(new zd::CellArrayImpl(dimensions));
+    case ArrayType::STRUCT: return createStructArray({dimensions.begin(), dimensions.end()}, {});
+    case ArrayType::VALUE_OBJECT: return createValueObjectArray({dimensions.begin(), dimensions.end()});
+    case ArrayType::HANDLE_OBJECT_REF: return detail::Access::adopt(new zd::HandleArrayImpl(dimensions));
+    case ArrayType::ENUM: return createEnumArray({dimensions.begin(), dimensions.end()}, std::string());
     default: throw EArrayUnknownDataType();
     }
 }
 
 CharArray ArrayFactory::createCharArray(std::u16string const& text) const
 {
-    CharArray array = createCharArray(text.empty() ? std::vector<unsigned long>{0, 0} : std::vector<unsigned long>{1, text.size()});
+    CharArray array(text.empty() ? createArray(ArrayType::CHAR, {0, 0}) : createArray(ArrayType::CHAR, {1, text.size()}));
     std::copy(text.begin(), text.end(), getWritableElements<char16_t>(array).begin());
     return array;
 }

@@ -6,6 +6,7 @@
 
 #include <foundation/zorbaldata/exceptions.hpp>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,9 +17,9 @@ using foundation::zorbaldata::ArrayType;
 
 SlotOwner::~SlotOwner() = default;
 
-ArrayImpl::ArrayImpl(ArrayType type, std::vector<unsigned long> dimensions)
-    : type_(type), dimensions_(std::move(dimensions)),
-      count_(foundation::zorbaldata::detail::elementCount(type, dimensions_))
+ArrayImpl::ArrayImpl(ArrayType type, Dimensions dimensions)
+    : type_(type), dimensions_(dimensions),
+      count_(foundation::zorbaldata::detail::elementCount(type, dimensions))
 {
 }
 
@@ -60,10 +61,10 @@ ArrayType typeOf(RefCounted const* impl)
 
 bool sameDimensions(RefCounted const* a, RefCounted const* b)
 {
-    static std::vector<unsigned long> const empty{0, 0};
-    auto const& da = a ? static_cast<ArrayImpl const*>(a)->dimensions() : empty;
-    auto const& db = b ? static_cast<ArrayImpl const*>(b)->dimensions() : empty;
-    return da == db;
+    static constexpr unsigned long empty[] = {0, 0};
+    Dimensions const da = a ? static_cast<ArrayImpl const*>(a)->dimensions() : Dimensions(empty);
+    Dimensions const db = b ? static_cast<ArrayImpl const*>(b)->dimensions() : Dimensions(empty);
+    return std::ranges::equal(da, db);
 }
 
 } // namespace

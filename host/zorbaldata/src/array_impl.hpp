@@ -2,9 +2,10 @@
 #pragma once
 
 #include <foundation/zorbaldata/array_type.hpp>
+#include "extents.hpp"
+
 #include <zorbal/data/detail/slot_owner.hpp>
 
-#include <vector>
 
 namespace zorbal::data::detail {
 
@@ -12,7 +13,7 @@ namespace zorbal::data::detail {
 class ArrayImpl : public SlotOwner {
 public:
     foundation::zorbaldata::ArrayType type() const noexcept { return type_; }
-    std::vector<unsigned long> const& dimensions() const noexcept { return dimensions_; }
+    Dimensions dimensions() const noexcept { return dimensions_.view(); }
     unsigned long count() const noexcept { return count_; }
 
     /// Whether other, an array of the same type and dimensions, has the same elements and properties.
@@ -24,13 +25,13 @@ public:
 
 protected:
     /// @throws foundation::zorbaldata::EArrayTooLarge when the element count does not fit.
-    ArrayImpl(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions);
+    ArrayImpl(foundation::zorbaldata::ArrayType type, Dimensions dimensions);
     ArrayImpl(ArrayImpl const& other);
     ~ArrayImpl() override;
 
 private:
     foundation::zorbaldata::ArrayType type_;
-    std::vector<unsigned long> dimensions_;
+    Extents dimensions_;
     unsigned long count_;
 };
 

@@ -12,8 +12,8 @@ namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-CellArrayImpl::CellArrayImpl(std::vector<unsigned long> dimensions)
-    : ArrayImpl(fz::ArrayType::CELL, std::move(dimensions)),
+CellArrayImpl::CellArrayImpl(Dimensions dimensions)
+    : ArrayImpl(fz::ArrayType::CELL, dimensions),
       slots_(count(), [this] { return fz::detail::arrayText(type(), this->dimensions()); })
 {
 }

@@ -10,7 +10,7 @@ class CellArrayImpl final : public ArrayImpl {
 public:
     /// Every element the empty 0-by-0 double. @throws foundation::zorbaldata::EArrayTooLarge when the
     /// elements cannot be had.
-    explicit CellArrayImpl(std::vector<unsigned long> dimensions);
+    explicit CellArrayImpl(Dimensions dimensions);
     /// The same elements, shared. @throws foundation::zorbaldata::EArrayTooLarge when they cannot be had.
     CellArrayImpl(CellArrayImpl const& other);
 

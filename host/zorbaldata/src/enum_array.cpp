@@ -16,8 +16,8 @@ namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-EnumArrayImpl::EnumArrayImpl(std::vector<unsigned long> dimensions, std::string className)
-    : ArrayImpl(fz::ArrayType::ENUM, std::move(dimensions)), className_(std::move(className)), names_{std::string()},
+EnumArrayImpl::EnumArrayImpl(Dimensions dimensions, std::string className)
+    : ArrayImpl(fz::ArrayType::ENUM, dimensions), className_(std::move(className)), names_{std::string()},
       members_(static_cast<std::uint32_t*>(fz::detail::allocateZeroed(
           count(), sizeof(std::uint32_t), [this] { return fz::detail::arrayText(type(), this->dimensions()); })))
 {

@@ -15,7 +15,7 @@ namespace zorbal::data::detail {
 class EnumArrayImpl final : public ArrayImpl {
 public:
     /// @throws foundation::zorbaldata::EArrayTooLarge when the elements cannot be had.
-    EnumArrayImpl(std::vector<unsigned long> dimensions, std::string className);
+    EnumArrayImpl(Dimensions dimensions, std::string className);
     /// @throws foundation::zorbaldata::EArrayTooLarge when the copy cannot be had.
     EnumArrayImpl(EnumArrayImpl const& other);
     ~EnumArrayImpl() override;

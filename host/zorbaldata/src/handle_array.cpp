@@ -11,8 +11,8 @@ namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-HandleArrayImpl::HandleArrayImpl(std::vector<unsigned long> dimensions)
-    : ArrayImpl(fz::ArrayType::HANDLE_OBJECT_REF, std::move(dimensions)),
+HandleArrayImpl::HandleArrayImpl(Dimensions dimensions)
+    : ArrayImpl(fz::ArrayType::HANDLE_OBJECT_REF, dimensions),
       slots_(count(), [this] { return fz::detail::arrayText(type(), this->dimensions()); })
 {
 }

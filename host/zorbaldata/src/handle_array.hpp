@@ -12,7 +12,7 @@ namespace zorbal::data::detail {
 class HandleArrayImpl final : public ArrayImpl {
 public:
     /// @throws foundation::zorbaldata::EArrayTooLarge when the elements cannot be had.
-    explicit HandleArrayImpl(std::vector<unsigned long> dimensions);
+    explicit HandleArrayImpl(Dimensions dimensions);
     /// @throws foundation::zorbaldata::EArrayTooLarge when the copy cannot be had.
     HandleArrayImpl(HandleArrayImpl const& other);
 

@@ -12,16 +12,16 @@ namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, std::vector<unsigned long> dimensions)
-    : ArrayImpl(type, std::move(dimensions)),
+PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions)
+    : ArrayImpl(type, dimensions),
       elementSize_(fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); })),
       data_(storage(true))
 {
 }
 
-PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, std::vector<unsigned long> dimensions,
+PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions,
                                std::unique_ptr<void, void (*)(void*)> data)
-    : ArrayImpl(type, std::move(dimensions)),
+    : ArrayImpl(type, dimensions),
       elementSize_(fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); })),
       data_(nullptr)
 {

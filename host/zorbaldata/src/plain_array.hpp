@@ -12,16 +12,17 @@ namespace zorbal::data::detail {
 class PlainArrayImpl final : public ArrayImpl {
 public:
     /// Zeroed elements. @throws foundation::zorbaldata::EArrayTooLarge when they cannot be had.
-    PlainArrayImpl(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions);
+    PlainArrayImpl(foundation::zorbaldata::ArrayType type, Dimensions dimensions);
     /// The elements that data holds, taken over with its deleter.
     /// @throws foundation::zorbaldata::EArrayTooLarge as the other; EInvalidArgument for no data with
     /// elements to hold. data is freed on failure.
-    PlainArrayImpl(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions,
+    PlainArrayImpl(foundation::zorbaldata::ArrayType type, Dimensions dimensions,
                    std::unique_ptr<void, void (*)(void*)> data);
     /// A copy of the elements. @throws foundation::zorbaldata::EArrayTooLarge when it cannot be had.
     PlainArrayImpl(PlainArrayImpl const& other);
     ~PlainArrayImpl() override;
 
+    std::size_t elementSize() const noexcept { return elementSize_; }
     void* data() noexcept { return data_; }
     void const* data() const noexcept { return data_; }
 

@@ -14,7 +14,7 @@ void refuseSize(std::string const& subject, std::string const& reason)
     throw EArrayTooLarge("Cannot create " + subject + ": " + reason + ".");
 }
 
-unsigned long elementCount(ArrayType type, std::vector<unsigned long> const& dimensions)
+unsigned long elementCount(ArrayType type, std::span<unsigned long const> dimensions)
 {
     // A zero makes an empty array, however large the other dimensions are.
     if (std::find(dimensions.begin(), dimensions.end(), 0UL) != dimensions.end())

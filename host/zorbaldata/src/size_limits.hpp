@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 #include <string>
-#include <vector>
 
 namespace foundation::zorbaldata::detail {
 
@@ -15,7 +15,7 @@ namespace foundation::zorbaldata::detail {
 [[noreturn]] void refuseSize(std::string const& subject, std::string const& reason);
 
 /// The product of the dimensions (1 for none). @throws EArrayTooLarge when it does not fit.
-unsigned long elementCount(ArrayType type, std::vector<unsigned long> const& dimensions);
+unsigned long elementCount(ArrayType type, std::span<unsigned long const> dimensions);
 
 /// a * b. @throws EArrayTooLarge, about subject(), when it does not fit.
 template <typename Subject>

@@ -22,9 +22,9 @@ namespace zorbal::data::detail {
 namespace fz = foundation::zorbaldata;
 using fz::ArrayType;
 
-SparseArrayImpl::SparseArrayImpl(ArrayType type, std::vector<unsigned long> dimensions, unsigned long nonZeros,
+SparseArrayImpl::SparseArrayImpl(ArrayType type, Dimensions dimensions, unsigned long nonZeros,
                                  Buffer values, IndexBuffer rows, IndexBuffer cols)
-    : ArrayImpl(type, std::move(dimensions)), nonZeros_(nonZeros), values_(std::move(values)), rows_(std::move(rows)),
+    : ArrayImpl(type, dimensions), nonZeros_(nonZeros), values_(std::move(values)), rows_(std::move(rows)),
       cols_(std::move(cols))
 {
 }
@@ -83,14 +83,14 @@ bool isCanonical(T const* values, unsigned long const* rows, unsigned long const
 }
 
 template <typename T>
-SparseArrayImpl* canonicalArray(ArrayType type, std::vector<unsigned long> dimensions, unsigned long n, Buffer values,
+SparseArrayImpl* canonicalArray(ArrayType type, Dimensions dimensions, unsigned long n, Buffer values,
                                 IndexBuffer rows, IndexBuffer cols)
 {
     auto const* v = static_cast<T const*>(values.get());
     unsigned long const* r = rows.get();
     unsigned long const* c = cols.get();
     if (isCanonical(v, r, c, n))
-        return new SparseArrayImpl(type, std::move(dimensions), n, std::move(values), std::move(rows), std::move(cols));
+        return new SparseArrayImpl(type, dimensions, n, std::move(values), std::move(rows), std::move(cols));
 
     // A stable order adds duplicates in the order they were given, so the sums are reproducible.
     std::vector<unsigned long> order(n);
@@ -115,12 +115,12 @@ SparseArrayImpl* canonicalArray(ArrayType type, std::vector<unsigned long> dimen
         outCols[kept] = c[first];
         ++kept;
     }
-    return new SparseArrayImpl(type, std::move(dimensions), kept, std::move(outValues), std::move(outRows), std::move(outCols));
+    return new SparseArrayImpl(type, dimensions, kept, std::move(outValues), std::move(outRows), std::move(outCols));
 }
 
 } // namespace
 
-SparseArrayImpl* makeSparseArray(ArrayType type, std::vector<unsigned long> dimensions, unsigned long nonZeros,
+SparseArrayImpl* makeSparseArray(ArrayType type, Dimensions dimensions, unsigned long nonZeros,
                                  Buffer values, IndexBuffer rows, IndexBuffer cols)
 {
     return visitSparseType(type, [&]<typename T>(std::type_identity<T>) {
@@ -137,7 +137,7 @@ SparseArrayImpl* makeSparseArray(ArrayType type, std::vector<unsigned long> dime
                 throw fz::EIndexOutOfRange("Sparse entry " + std::to_string(i) + " lies at row " + std::to_string(rows[i])
                                            + ", column " + std::to_string(cols[i]) + ", outside the "
                                            + fz::detail::dimensionsText(dimensions) + " array.");
-        return canonicalArray<T>(type, std::move(dimensions), nonZeros, std::move(values), std::move(rows), std::move(cols));
+        return canonicalArray<T>(type, dimensions, nonZeros, std::move(values), std::move(rows), std::move(cols));
     });
 }
 

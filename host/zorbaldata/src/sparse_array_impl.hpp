@@ -16,7 +16,7 @@ using IndexBuffer = std::unique_ptr<unsigned long[], void (*)(void*)>;
 class SparseArrayImpl final : public ArrayImpl {
 public:
     /// Takes the buffers as they are; they must already be in that order.
-    SparseArrayImpl(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions,
+    SparseArrayImpl(foundation::zorbaldata::ArrayType type, Dimensions dimensions,
                     unsigned long nonZeros, Buffer values, IndexBuffer rows, IndexBuffer cols);
 
     unsigned long nonZeros() const noexcept { return nonZeros_; }
@@ -35,7 +35,7 @@ private:
 
 /// A sparse array of the type from entries in any order, combined and sorted as SparseArrayImpl keeps them.
 /// @throws as ArrayFactory::createSparseArray.
-SparseArrayImpl* makeSparseArray(foundation::zorbaldata::ArrayType type, std::vector<unsigned long> dimensions,
+SparseArrayImpl* makeSparseArray(foundation::zorbaldata::ArrayType type, Dimensions dimensions,
                                  unsigned long nonZeros, Buffer values, IndexBuffer rows, IndexBuffer cols);
 
 } // namespace zorbal::data::detail

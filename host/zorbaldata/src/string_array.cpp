@@ -12,8 +12,8 @@ namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-StringArrayImpl::StringArrayImpl(std::vector<unsigned long> dimensions)
-    : ArrayImpl(fz::ArrayType::STRING, std::move(dimensions)),
+StringArrayImpl::StringArrayImpl(Dimensions dimensions)
+    : ArrayImpl(fz::ArrayType::STRING, dimensions),
       slots_(count(), [this] { return fz::detail::arrayText(type(), this->dimensions()); })
 {
 }

@@ -22,7 +22,7 @@ private:
 class StringArrayImpl final : public ArrayImpl {
 public:
     /// Every element missing. @throws foundation::zorbaldata::EArrayTooLarge when the elements cannot be had.
-    explicit StringArrayImpl(std::vector<unsigned long> dimensions);
+    explicit StringArrayImpl(Dimensions dimensions);
     /// The same strings, shared. @throws foundation::zorbaldata::EArrayTooLarge when they cannot be had.
     StringArrayImpl(StringArrayImpl const& other);
 

@@ -22,8 +22,8 @@ std::string structText(ArrayImpl const& array, unsigned long fields)
 
 } // namespace
 
-StructArrayImpl::StructArrayImpl(std::vector<unsigned long> dimensions, std::vector<std::string> fieldNames)
-    : ArrayImpl(fz::ArrayType::STRUCT, std::move(dimensions)),
+StructArrayImpl::StructArrayImpl(Dimensions dimensions, std::vector<std::string> fieldNames)
+    : ArrayImpl(fz::ArrayType::STRUCT, dimensions),
       fields_(std::make_shared<fz::detail::FieldTable const>(std::move(fieldNames))),
       slots_(fz::detail::checkedProduct(count(), fields_->size(), [this] { return structText(*this, fields_->size()); }),
              [this] { return structText(*this, fields_->size()); })

@@ -16,7 +16,7 @@ public:
     /// Every field value the empty 0-by-0 double.
     /// @throws foundation::zorbaldata::EIllegalStructFieldName for a name not legal or given twice.
     /// @throws foundation::zorbaldata::EArrayTooLarge when the field values cannot be counted or had.
-    StructArrayImpl(std::vector<unsigned long> dimensions, std::vector<std::string> fieldNames);
+    StructArrayImpl(Dimensions dimensions, std::vector<std::string> fieldNames);
     /// The same values, shared. @throws foundation::zorbaldata::EArrayTooLarge when they cannot be had.
     StructArrayImpl(StructArrayImpl const& other);
 

@@ -61,7 +61,7 @@ void requireKnownType(ArrayType type)
         throw EArrayUnknownDataType();
 }
 
-std::string dimensionsText(std::vector<unsigned long> const& dimensions)
+std::string dimensionsText(std::span<unsigned long const> dimensions)
 {
     if (dimensions.empty())
         return "0-dimensional";
@@ -74,7 +74,7 @@ std::string dimensionsText(std::vector<unsigned long> const& dimensions)
     return text;
 }
 
-std::string arrayText(ArrayType type, std::vector<unsigned long> const& dimensions)
+std::string arrayText(ArrayType type, std::span<unsigned long const> dimensions)
 {
     return "an array of " + dimensionsText(dimensions) + " " + std::string(typeName(type)) + " elements";
 }

@@ -3,9 +3,9 @@
 
 #include <foundation/zorbaldata/array_type.hpp>
 
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace foundation::zorbaldata::detail {
 
@@ -18,8 +18,8 @@ void requireKnownType(ArrayType type);
 /// "double", "complex int8", "cell", "sparse logical"...
 std::string_view typeName(ArrayType type) noexcept;
 /// "2x3", or "0-dimensional" for no dimensions.
-std::string dimensionsText(std::vector<unsigned long> const& dimensions);
+std::string dimensionsText(std::span<unsigned long const> dimensions);
 /// "an array of 2x3 double elements".
-std::string arrayText(ArrayType type, std::vector<unsigned long> const& dimensions);
+std::string arrayText(ArrayType type, std::span<unsigned long const> dimensions);
 
 } // namespace foundation::zorbaldata::detail

@@ -13,8 +13,8 @@ namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-ValueObjectArrayImpl::ValueObjectArrayImpl(std::vector<unsigned long> dimensions, Ref<ClassRecord> cls)
-    : ArrayImpl(fz::ArrayType::VALUE_OBJECT, std::move(dimensions)), class_(std::move(cls)),
+ValueObjectArrayImpl::ValueObjectArrayImpl(Dimensions dimensions, Ref<ClassRecord> cls)
+    : ArrayImpl(fz::ArrayType::VALUE_OBJECT, dimensions), class_(std::move(cls)),
       slots_(count(), [this] { return fz::detail::arrayText(type(), this->dimensions()); })
 {
 }

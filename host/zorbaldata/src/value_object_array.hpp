@@ -19,7 +19,7 @@ namespace zorbal::data::detail {
 class ValueObjectArrayImpl final : public ArrayImpl {
 public:
     /// @throws foundation::zorbaldata::EArrayTooLarge when the elements cannot be had.
-    ValueObjectArrayImpl(std::vector<unsigned long> dimensions, Ref<ClassRecord> cls);
+    ValueObjectArrayImpl(Dimensions dimensions, Ref<ClassRecord> cls);
     /// The same objects, shared. @throws foundation::zorbaldata::EArrayTooLarge when they cannot be had.
     ValueObjectArrayImpl(ValueObjectArrayImpl const& other);
 

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,6 +46,9 @@ public:
     /// sparse array of other than two dimensions. @throws ObjectNotSupportedException for VALUE_OBJECT
     /// when the factory makes no objects.
     Array createArray(ArrayType type, std::vector<unsigned long> dimensions) const;
+    /// The same, for dimensions written where the call is: the array keeps up to two of them in its own
+    /// block, so a scalar or a row of these costs one allocation, or none beyond its elements.
+    Array createArray(ArrayType type, std::initializer_list<unsigned long> dimensions) const;
 
     /// A dense array of T. @throws as createArray.
     template <detail::Element T>
@@ -70,7 +74,7 @@ public:
     template <detail::Plain T>
     TypedArray<T> createScalar(T value) const
     {
-        return createArray<T>({1, 1}, {value});
+        return TypedArray<T>(createScalarArray(detail::ElementType<T>::value, &value));
     }
 
     /// A char array holding the code units of text as one row: 1-by-N, and 0-by-0 for the empty text.
@@ -141,6 +145,9 @@ public:
 
 private:
     void requireObjects(std::string const& className) const;
+    Array createArrayOf(ArrayType type, std::span<unsigned long const> dimensions) const;
+    /// The 1-by-1 array of a plain type holding the element at value.
+    Array createScalarArray(ArrayType type, void const* value) const;
 
     Objects objects_ = Objects::Supported;
 };

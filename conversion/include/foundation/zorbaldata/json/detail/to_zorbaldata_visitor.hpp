@@ -52,8 +52,9 @@ public:
     template <typename T>
     Array create_scalar(T value) const;
 
-    /// The char array that the factory makes of text.
-    Array create_char_array(std::u16string const& text) const;
+    /// The char array of a JSON string: its UTF-16 code units as one row, 0-by-0 for the empty string.
+    /// @throws yx::i18n::CvtInvalidCharacter for bytes that are not UTF-8.
+    Array create_char_array(std::string_view utf8) const;
 
     /// An array of T (a numeric type or bool) of the dimensions, its elements read from begin to end in
     /// storage order. Elements past the array's end are never read.

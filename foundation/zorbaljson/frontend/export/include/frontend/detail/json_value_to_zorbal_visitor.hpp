@@ -5,7 +5,6 @@
 #include <frontend/detail/large_notation.hpp>
 #include <frontend/detail/parse_error.hpp>
 #include <frontend/detail/small_notation.hpp>
-#include <frontend/detail/utf8_to_utf16.hpp>
 
 #include <foundation/json/value.hpp>
 #include <foundation/zorbaldata/array.hpp>
@@ -36,7 +35,7 @@ public:
         case json_kind::null: throw NullNotSupported();
         case json_kind::boolean: return backend_->create_scalar(value.as_bool());
         case json_kind::number: return backend_->create_scalar(value.as_double());
-        case json_kind::string: return backend_->create_char_array(utf8_to_utf16(value.as_string()));
+        case json_kind::string: return backend_->create_char_array(value.as_string());
         case json_kind::array: {
             auto const level = backend_->nesting().enter();
             return read_small_notation(value, *backend_);
