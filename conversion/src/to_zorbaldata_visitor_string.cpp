@@ -6,7 +6,7 @@
 #include <foundation/zorbaldata/element_access.hpp>
 #include <foundation/zorbaldata/json/detail/fill_elements.hpp>
 
-#include <utility>
+#include <string>
 
 namespace foundation::zorbaldata::json::detail {
 
@@ -16,14 +16,16 @@ Array to_zorbaldata_visitor::create_string(ConvertingIterator<boost::optional<st
 {
     using Element = zorbal::data::optional<std::u16string>;
     Array array = factory_.createArray(ArrayType::STRING, dimensions);
-    // The text is read in place from the tree; the UTF-16 string is the one allocation of an element,
-    // and it moves into the array.
+    // The text is read in place from the document and decoded into one buffer that serves every
+    // element; the element's record, which holds its code units, is its one allocation.
+    std::u16string units;
     fill_elements<Element>(
-        array, data, end, [](Reference<Element> const& element, boost::optional<std::string_view> text) {
-            Element value;
-            if (text)
-                value = foundation::zorbaljson::detail::utf8_to_utf16(*text);
-            foundation::zorbaldata::detail::setElement<Element>(element, std::move(value));
+        array, data, end, [&units](Reference<Element> const& element, boost::optional<std::string_view> text) {
+            // A new array's elements are missing until written.
+            if (!text)
+                return;
+            foundation::zorbaljson::detail::utf8_to_utf16(*text, units);
+            element.setText(units);
         });
     return array;
 }

@@ -57,6 +57,21 @@ TEST(StringArray, MissingIsNotEmpty)
     EXPECT_THROW_WHAT(std::u16string(std::as_const(strings)[2]), EMissingValue, "The string element is missing.");
 }
 
+// A string written from a view is a string of its own: the caller's buffer may change afterwards, and
+// a copy of the array keeps what the original had when it was copied.
+TEST(StringArray, TextFromAViewOutlivesItsBuffer)
+{
+    TypedArray<OptionalText> strings = factory.createArray<OptionalText>({1, 2});
+    std::u16string buffer = u"a longer text than fits in a small string";
+    getWritableElements<OptionalText>(strings).begin().getRef().setText(buffer);
+    TypedArray<OptionalText> const copy = strings;
+    buffer = u"changed";
+    strings[0] = OptionalText(u"overwritten");
+    EXPECT_EQ(copy[0].view(), u"a longer text than fits in a small string");
+    EXPECT_EQ(strings[0].view(), u"overwritten");
+    EXPECT_FALSE(copy[1].has_value());
+}
+
 TEST(StringArray, EqualityTellsMissingFromEmpty)
 {
     TypedArray<OptionalText> a = factory.createArray<OptionalText>({1, 1});

@@ -70,9 +70,17 @@ codecvt_string_to_ustring::~codecvt_string_to_ustring() = default;
 std::u16string codecvt_string_to_ustring::convert(char const* first, std::size_t length) const
 {
     std::u16string out;
+    convert_into(first, length, out);
+    return out;
+}
+
+void codecvt_string_to_ustring::convert_into(char const* first, std::size_t length, std::u16string& out) const
+{
+    out.clear();
     if (length == 0)
-        return out;
-    // No sequence yields more code units than it has bytes, so one allocation is enough.
+        return;
+    // No sequence yields more code units than it has bytes, so one allocation is enough, and none for
+    // an out that held as long a text before.
     out.resize(length);
     auto const* in = reinterpret_cast<unsigned char const*>(first);
     char16_t* d = out.data();
@@ -123,7 +131,6 @@ std::u16string codecvt_string_to_ustring::convert(char const* first, std::size_t
         }
     }
     out.resize(static_cast<std::size_t>(d - out.data()));
-    return out;
 }
 
 codecvt_ustring_to_string::codecvt_ustring_to_string(std::string const& encoding, bool allow_surrogates)

@@ -1,12 +1,15 @@
 // String arrays, and the references to their elements.
 #include "string_array.hpp"
 
+#include "size_limits.hpp"
 #include "type_names.hpp"
 
 #include <foundation/zorbaldata/exceptions.hpp>
 #include <foundation/zorbaldata/reference.hpp>
 
 #include <algorithm>
+#include <new>
+#include <string>
 
 namespace zorbal::data::detail {
 
@@ -21,6 +24,17 @@ StringArrayImpl::StringArrayImpl(Dimensions dimensions)
 StringArrayImpl::StringArrayImpl(StringArrayImpl const& other)
     : ArrayImpl(other), slots_(other.slots_, [this] { return fz::detail::arrayText(type(), dimensions()); })
 {
+}
+
+StringRecord* StringRecord::make(std::u16string_view text)
+{
+    constexpr std::size_t header = sizeof(StringRecord) / sizeof(char16_t);
+    static_assert(sizeof(StringRecord) % sizeof(char16_t) == 0);
+    void* const block = fz::detail::allocateUninitialized(header + text.size(), sizeof(char16_t),
+        [&] { return "a string of " + std::to_string(text.size()) + " code units"; });
+    auto* const record = new (block) StringRecord(text.size());
+    std::copy(text.begin(), text.end(), record->units());
+    return record;
 }
 
 bool StringArrayImpl::sameContent(ArrayImpl const& other) const
@@ -59,25 +73,32 @@ Reference<zorbal::data::optional<std::u16string> const>::operator std::u16string
     auto const* text = record(impl_);
     if (!text)
         throw EMissingValue("The string element is missing.");
-    return text->text();
+    return std::u16string(text->text());
 }
 
 std::u16string_view Reference<zorbal::data::optional<std::u16string> const>::view() const
 {
     auto const* text = record(impl_);
-    return text ? std::u16string_view(text->text()) : std::u16string_view();
+    return text ? text->text() : std::u16string_view();
 }
 
 zorbal::data::optional<std::u16string> Reference<zorbal::data::optional<std::u16string> const>::value() const
 {
     auto const* text = record(impl_);
-    return text ? zorbal::data::optional<std::u16string>(text->text()) : zorbal::data::optional<std::u16string>();
+    return text ? zorbal::data::optional<std::u16string>(std::u16string(text->text()))
+                : zorbal::data::optional<std::u16string>();
 }
 
 void Reference<zorbal::data::optional<std::u16string>>::set(zorbal::data::optional<std::u16string> text) const
 {
     auto* strings = static_cast<zorbal::data::detail::StringArrayImpl*>(impl_.owner);
-    strings->store(impl_.index, text ? new zorbal::data::detail::StringRecord(std::move(*text)) : nullptr);
+    strings->store(impl_.index, text ? zorbal::data::detail::StringRecord::make(*text) : nullptr);
+}
+
+void Reference<zorbal::data::optional<std::u16string>>::setText(std::u16string_view text) const
+{
+    auto* strings = static_cast<zorbal::data::detail::StringArrayImpl*>(impl_.owner);
+    strings->store(impl_.index, zorbal::data::detail::StringRecord::make(text));
 }
 
 } // namespace foundation::zorbaldata

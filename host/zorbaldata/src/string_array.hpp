@@ -4,19 +4,31 @@
 #include "array_impl.hpp"
 #include "slot_vector.hpp"
 
-#include <string>
+#include <cstdlib>
+#include <string_view>
 
 namespace zorbal::data::detail {
 
 /// One present string; a missing element is a null slot. Strings never change once made, so copies of
-/// a string array share them.
+/// a string array share them. The code units follow the record in its one block of memory.
 class StringRecord final : public RefCounted {
 public:
-    explicit StringRecord(std::u16string text) : text_(std::move(text)) {}
-    std::u16string const& text() const noexcept { return text_; }
+    /// @throws foundation::zorbaldata::EArrayTooLarge when the block cannot be had.
+    static StringRecord* make(std::u16string_view text);
+
+    std::u16string_view text() const noexcept { return {units(), length_}; }
+
+    // The block was had from malloc, for the record and its units together.
+    static void operator delete(void* block) noexcept { std::free(block); }
 
 private:
-    std::u16string text_;
+    explicit StringRecord(std::size_t length) noexcept : length_(length) {}
+    ~StringRecord() override = default;
+
+    char16_t* units() noexcept { return reinterpret_cast<char16_t*>(this + 1); }
+    char16_t const* units() const noexcept { return reinterpret_cast<char16_t const*>(this + 1); }
+
+    std::size_t length_;
 };
 
 class StringArrayImpl final : public ArrayImpl {

@@ -21,6 +21,10 @@ public:
     /// The UTF-16 text of the length bytes at first (first may be null when length is 0).
     /// @throws CvtInvalidCharacter at the first byte of the first ill-formed sequence.
     virtual std::u16string convert(char const* first, std::size_t length) const;
+    /// The same text written over out, whose room is kept for the next call: a caller decoding many
+    /// strings allocates once, for the longest. On failure out holds no meaningful text.
+    /// @throws CvtInvalidCharacter as convert.
+    void convert_into(char const* first, std::size_t length, std::u16string& out) const;
 
 private:
     bool allow_surrogates_;

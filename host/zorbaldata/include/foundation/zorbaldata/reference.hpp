@@ -226,6 +226,9 @@ public:
     zorbal::data::detail::ReferenceImpl* get() const noexcept { return &impl_; }
     /// Stores text there; an empty optional makes the element missing.
     void set(zorbal::data::optional<std::u16string> text) const;
+    /// Makes the element the present string text, without a std::u16string of the caller's.
+    /// @throws EArrayTooLarge when the string's memory cannot be had.
+    void setText(std::u16string_view text) const;
 };
 
 /// The reference through which the writers read string elements.

@@ -11,4 +11,8 @@ namespace foundation::zorbaljson::detail {
 /// @throws yx::i18n::CvtInvalidCharacter for bytes that are not UTF-8.
 std::u16string utf8_to_utf16(std::string_view text);
 
+/// The same code units written over out, whose room is kept for the next text.
+/// @throws yx::i18n::CvtInvalidCharacter for bytes that are not UTF-8.
+void utf8_to_utf16(std::string_view text, std::u16string& out);
+
 } // namespace foundation::zorbaljson::detail
