@@ -1,0 +1,142 @@
+// The output of the writers that appends JSON text to one string.
+#pragma once
+
+#include <foundation/json/detail/text_format.hpp>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace foundation::zorbaldata::json::detail {
+
+/// Receives the writers' calls and appends their text, byte for byte what foundation::json::serialize
+/// gives for the tree of the same calls, compact or indented. Members come in the order the writers call
+/// them, so that failures come in that order too; an object whose keys did not come in strictly rising
+/// byte order is put in order when it ends, and of a key that came twice only the last member stays.
+class text_output {
+public:
+    /// Appends to text; an indent above 0 writes each element and member on a line of its own, indented
+    /// by that many spaces for each level.
+    explicit text_output(std::string& text, unsigned indent = 0) : text_(text), indent_(indent) {}
+
+    void begin_array() { open('['); }
+    void end_array() { close(']'); }
+    void begin_object();
+    void end_object();
+    void key(std::string_view name);
+
+    void value(bool b)
+    {
+        separate();
+        text_ += b ? "true" : "false";
+    }
+    void value(long long integer)
+    {
+        separate();
+        foundation::json::detail::write_integer(text_, integer);
+    }
+    void value(unsigned long long integer)
+    {
+        separate();
+        foundation::json::detail::write_integer(text_, integer);
+    }
+    void value(double number)
+    {
+        separate();
+        foundation::json::detail::write_double(text_, number);
+    }
+    void value(float number)
+    {
+        separate();
+        foundation::json::detail::write_float(text_, number);
+    }
+    void string(std::string_view utf8)
+    {
+        separate();
+        foundation::json::detail::write_string(text_, utf8);
+    }
+    /// The UTF-16 text as a JSON string.
+    /// @throws as utf16_to_utf8.
+    void string(std::u16string_view utf16);
+
+private:
+    // What the text last received: the opening of a container, a key, or a value.
+    enum class state { first, after_key, after_value };
+
+public:
+    /// Where the output stands, to go back to with rollback.
+    struct mark_type {
+        std::size_t size;
+        std::size_t objects;
+        std::size_t members;
+        std::size_t keys;
+        unsigned depth;
+        state last;
+    };
+    mark_type mark() const noexcept
+    {
+        return {text_.size(), objects_.size(), members_.size(), keys_.size(), depth_, state_};
+    }
+    /// Forgets everything written since the mark was taken.
+    void rollback(mark_type const& mark);
+
+private:
+
+    // An object not yet ended: where its members' text begins, and its first member and key.
+    struct open_object {
+        std::size_t content;
+        std::size_t first_member;
+        std::size_t first_key;
+        bool in_order;
+    };
+
+    // One member of an open object: its key, in keys_, and where its text lies in the output.
+    struct member {
+        std::size_t key_at;
+        std::size_t key_size;
+        std::size_t begin;
+        std::size_t end;
+    };
+
+    // Comes before every value and key: a comma unless it is the first of its container, and the line
+    // break of the indented form; nothing between a key and its value.
+    void separate()
+    {
+        if (state_ == state::after_value)
+            text_ += ',';
+        if (state_ != state::after_key && indent_ != 0)
+            line_break();
+        state_ = state::after_value;
+    }
+    void line_break();
+    void open(char bracket)
+    {
+        separate();
+        text_ += bracket;
+        ++depth_;
+        state_ = state::first;
+    }
+    void close(char bracket)
+    {
+        --depth_;
+        // An empty container closes on its own line in neither form.
+        if (state_ != state::first && indent_ != 0)
+            line_break();
+        text_ += bracket;
+        state_ = state::after_value;
+    }
+    std::string_view key_of(member const& m) const noexcept { return {keys_.data() + m.key_at, m.key_size}; }
+    void put_in_order(open_object const& object);
+
+    std::string& text_;
+    unsigned const indent_;
+    unsigned depth_ = 0;
+    // The root value follows nothing, as a member's value follows its key.
+    state state_ = state::after_key;
+    std::vector<open_object> objects_;
+    std::vector<member> members_;
+    std::string keys_;
+};
+
+} // namespace foundation::zorbaldata::json::detail
