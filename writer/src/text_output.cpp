@@ -11,22 +11,25 @@ namespace foundation::zorbaldata::json::detail {
 void text_output::begin_object()
 {
     open('{');
-    objects_.push_back({text_.size(), members_.size(), keys_.size(), true});
+    objects_.push_back({used_, members_.size(), keys_.size(), true});
 }
 
 void text_output::key(std::string_view name)
 {
     open_object& object = objects_.back();
     if (members_.size() > object.first_member) {
-        members_.back().end = text_.size();
+        members_.back().end = used_;
         if (!(key_of(members_.back()) < name))
             object.in_order = false;
     }
     separate();
-    members_.push_back({keys_.size(), name.size(), text_.size(), 0});
+    members_.push_back({keys_.size(), name.size(), used_, 0});
     keys_.append(name);
-    foundation::json::detail::write_string(text_, name);
-    text_ += indent_ != 0 ? ": " : ":";
+    append_string(name);
+    if (indent_ != 0)
+        put(": ", 2);
+    else
+        put(':');
     state_ = state::after_key;
 }
 
@@ -35,7 +38,7 @@ void text_output::end_object()
     open_object const object = objects_.back();
     objects_.pop_back();
     if (!object.in_order) {
-        members_.back().end = text_.size();
+        members_.back().end = used_;
         put_in_order(object);
     }
     members_.resize(object.first_member);
@@ -52,7 +55,7 @@ void text_output::put_in_order(open_object const& object)
     std::stable_sort(order.begin(), order.end(),
         [this](std::size_t a, std::size_t b) { return key_of(members_[a]) < key_of(members_[b]); });
     std::string sorted;
-    sorted.reserve(text_.size() - object.content);
+    sorted.reserve(used_ - object.content);
     bool first = true;
     for (std::size_t i = 0; i < count; ++i) {
         member const& m = members_[order[i]];
@@ -68,19 +71,39 @@ void text_output::put_in_order(open_object const& object)
         }
         sorted.append(text_, m.begin, m.end - m.begin);
     }
-    text_.resize(object.content);
-    text_ += sorted;
+    // Dropped repeats make the sorted text shorter, never longer, so it fits where the members stood.
+    std::char_traits<char>::copy(text_.data() + object.content, sorted.data(), sorted.size());
+    used_ = object.content + sorted.size();
 }
 
 void text_output::line_break()
 {
-    text_ += '\n';
-    text_.append(static_cast<std::size_t>(depth_) * indent_, ' ');
+    std::size_t const spaces = static_cast<std::size_t>(depth_) * indent_;
+    char* const first = room(spaces + 1);
+    first[0] = '\n';
+    std::char_traits<char>::assign(first + 1, spaces, ' ');
+    used_ += spaces + 1;
+}
+
+void text_output::grow(std::size_t n)
+{
+    // Room for some numbers at once, so that the zero-filling of resize is paid seldom; the capacity
+    // itself grows geometrically, and past max_size resize throws std::length_error.
+    constexpr std::size_t ahead = 4096;
+    text_.resize(used_ + std::max(n, ahead));
+}
+
+void text_output::append_string(std::string_view utf8)
+{
+    // The escaper appends to a string, so the text is cut to what was written and resumed after it.
+    text_.resize(used_);
+    foundation::json::detail::write_string(text_, utf8);
+    used_ = text_.size();
 }
 
 void text_output::rollback(mark_type const& mark)
 {
-    text_.resize(mark.size);
+    used_ = mark.size;
     objects_.resize(mark.objects);
     members_.resize(mark.members);
     keys_.resize(mark.keys);
@@ -93,15 +116,23 @@ void text_output::string(std::u16string_view utf16)
     // Plain ASCII, the common text, is escaped from the code units directly, without a UTF-8 copy.
     if (std::all_of(utf16.begin(), utf16.end(), [](char16_t unit) { return unit < 0x80; })) {
         separate();
-        text_ += '"';
-        for (char16_t const unit : utf16) {
-            auto const byte = static_cast<unsigned char>(unit);
-            if (foundation::json::detail::bytes_to_escape[byte])
-                foundation::json::detail::write_escape(text_, byte);
-            else
-                text_ += static_cast<char>(byte);
+        put('"');
+        // An escape is at most six bytes; room is asked for a block at a time, so a long text needs no
+        // more than its own length beyond what is written.
+        constexpr std::size_t block = 1024;
+        for (std::size_t at = 0; at < utf16.size(); at += block) {
+            std::u16string_view const part = utf16.substr(at, block);
+            char* out = room(6 * part.size());
+            for (char16_t const unit : part) {
+                auto const byte = static_cast<unsigned char>(unit);
+                if (foundation::json::detail::bytes_to_escape[byte])
+                    out += foundation::json::detail::format_escape(out, byte);
+                else
+                    *out++ = static_cast<char>(byte);
+            }
+            used_ = static_cast<std::size_t>(out - text_.data());
         }
-        text_ += '"';
+        put('"');
         return;
     }
     string(utf16_to_utf8(utf16));

@@ -1,6 +1,7 @@
 // The exported entries from an array to JSON: the choice of variant by exact values of the settings.
 #include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
 
+#include <foundation/zorbaldata/json/detail/text_estimate.hpp>
 #include <foundation/zorbaldata/json/detail/text_output.hpp>
 #include <foundation/zorbaldata/json/detail/to_json.hpp>
 
@@ -69,9 +70,13 @@ std::string zorbaldata_to_string(Array array, ToJsonMode mode, NanType nanType, 
     if (!chosen)
         return "null";
     std::string text;
+    // Pages that are reserved but not written are not resident, so reserving the most that numbers
+    // can take costs address space only, and spares copying the text as it grows.
+    text.reserve(detail::estimated_text_size(array));
     detail::text_output out(text, indent);
     try {
         chosen->write_text(std::move(array), out);
+        out.finish();
     } catch (std::length_error const&) {
         throw std::length_error("The JSON text of the array is longer than a std::string can hold");
     }

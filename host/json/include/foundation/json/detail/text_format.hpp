@@ -19,55 +19,69 @@ inline constexpr char const non_finite_message[] = "Cannot serialize a non-finit
 // Enough for any shortest double or float and any 64-bit integer.
 inline constexpr std::size_t number_buffer_size = 32;
 
-inline void write_integer(std::string& out, auto integer)
+// The format_ routines write into number_buffer_size bytes at first and return the end of what they
+// wrote, so that a writer with room in its own buffer writes there directly.
+
+inline char* format_integer(char* first, auto integer)
 {
-    char buffer[number_buffer_size];
-    out.append(buffer, std::to_chars(buffer, buffer + number_buffer_size, integer).ptr);
+    return std::to_chars(first, first + number_buffer_size, integer).ptr;
 }
 
 // Whole numbers get plain digits because the shortest form would write 100000 as 1e+05.
 template <typename Float>
-inline bool write_whole(std::string& out, Float number, Float limit)
-{
-    if (!(std::fabs(number) < limit))
-        return false;
-    long long const whole = static_cast<long long>(number);
-    if (static_cast<Float>(whole) != number)
-        return false;
-    if (whole == 0 && std::signbit(number))
-        out += "-0";
-    else
-        write_integer(out, whole);
-    return true;
-}
-
-inline void write_double(std::string& out, double number)
+inline char* format_floating(char* first, Float number, Float whole_limit)
 {
     if (!std::isfinite(number))
         throw SerializeError(non_finite_message);
-    if (write_whole(out, number, 0x1p53))
-        return;
-    char buffer[number_buffer_size];
-    out.append(buffer, std::to_chars(buffer, buffer + number_buffer_size, number).ptr);
+    if (std::fabs(number) < whole_limit) {
+        long long const whole = static_cast<long long>(number);
+        if (static_cast<Float>(whole) == number) {
+            if (whole == 0 && std::signbit(number)) {
+                first[0] = '-';
+                first[1] = '0';
+                return first + 2;
+            }
+            return format_integer(first, whole);
+        }
+    }
+    return std::to_chars(first, first + number_buffer_size, number).ptr;
 }
 
-inline void write_float(std::string& out, float number)
+inline char* format_double(char* first, double number)
 {
-    if (!std::isfinite(number))
-        throw SerializeError(non_finite_message);
-    if (write_whole(out, number, 0x1p24f))
-        return;
-    char buffer[number_buffer_size];
-    char* end = std::to_chars(buffer, buffer + number_buffer_size, number).ptr;
+    return format_floating(first, number, 0x1p53);
+}
+
+inline char* format_float(char* first, float number)
+{
+    char* end = format_floating(first, number, 0x1p24f);
     // The shortest text of the largest floats can lie above FLT_MAX when read as a double, and
     // a reader would then refuse it as a float; the double form of the same value never does.
     if (std::fabs(number) >= 0x1p127f) {
         double read_back = 0.0;
-        std::from_chars(buffer, end, read_back);
+        std::from_chars(first, end, read_back);
         if (std::fabs(read_back) > FLT_MAX)
-            end = std::to_chars(buffer, buffer + number_buffer_size, static_cast<double>(number)).ptr;
+            end = std::to_chars(first, first + number_buffer_size, static_cast<double>(number)).ptr;
     }
-    out.append(buffer, end);
+    return end;
+}
+
+inline void write_integer(std::string& out, auto integer)
+{
+    char buffer[number_buffer_size];
+    out.append(buffer, format_integer(buffer, integer));
+}
+
+inline void write_double(std::string& out, double number)
+{
+    char buffer[number_buffer_size];
+    out.append(buffer, format_double(buffer, number));
+}
+
+inline void write_float(std::string& out, float number)
+{
+    char buffer[number_buffer_size];
+    out.append(buffer, format_float(buffer, number));
 }
 
 // Bytes that may need more than a plain copy: the quote, the backslash, control bytes, and
@@ -92,26 +106,39 @@ inline bool is_encoded_surrogate(std::string_view text, std::size_t i)
     return second >= 0xA0 && second <= 0xBF && third >= 0x80 && third <= 0xBF;
 }
 
-inline void write_unicode_escape(std::string& out, unsigned code)
+// Writes the escape \uXXXX of the UTF-16 code unit at first, six bytes.
+inline void format_unicode_escape(char* first, unsigned code)
 {
     char const escape[] = {'\\', 'u', hex_digits[(code >> 12) & 0xF], hex_digits[(code >> 8) & 0xF],
                            hex_digits[(code >> 4) & 0xF], hex_digits[code & 0xF]};
+    std::char_traits<char>::copy(first, escape, sizeof escape);
+}
+
+inline void write_unicode_escape(std::string& out, unsigned code)
+{
+    char escape[6];
+    format_unicode_escape(escape, code);
     out.append(escape, sizeof escape);
 }
 
-/// Appends the escape of a byte below 0x80 that bytes_to_escape marks.
-inline void write_escape(std::string& out, unsigned char byte)
+// Writes the escape of a byte below 0x80 that bytes_to_escape marks at first, at most six bytes, and
+// returns its length.
+inline std::size_t format_escape(char* first, unsigned char byte)
 {
+    char letter = 0;
     switch (byte) {
-    case '"': out += "\\\""; break;
-    case '\\': out += "\\\\"; break;
-    case '\b': out += "\\b"; break;
-    case '\f': out += "\\f"; break;
-    case '\n': out += "\\n"; break;
-    case '\r': out += "\\r"; break;
-    case '\t': out += "\\t"; break;
-    default: write_unicode_escape(out, byte);
+    case '"': letter = '"'; break;
+    case '\\': letter = '\\'; break;
+    case '\b': letter = 'b'; break;
+    case '\f': letter = 'f'; break;
+    case '\n': letter = 'n'; break;
+    case '\r': letter = 'r'; break;
+    case '\t': letter = 't'; break;
+    default: format_unicode_escape(first, byte); return 6;
     }
+    first[0] = '\\';
+    first[1] = letter;
+    return 2;
 }
 
 inline void write_string(std::string& out, std::string_view text)
@@ -142,7 +169,8 @@ inline void write_string(std::string& out, std::string_view text)
         }
         out.append(text.data() + plain_from, i - plain_from);
         plain_from = i + 1;
-        write_escape(out, byte);
+        char escape[6];
+        out.append(escape, format_escape(escape, byte));
     }
     out.append(text.data() + plain_from, text.size() - plain_from);
     out += '"';

@@ -17,8 +17,8 @@ namespace foundation::zorbaldata::json::detail {
 class text_output {
 public:
     /// Appends to text; an indent above 0 writes each element and member on a line of its own, indented
-    /// by that many spaces for each level.
-    explicit text_output(std::string& text, unsigned indent = 0) : text_(text), indent_(indent) {}
+    /// by that many spaces for each level. The text is whole once finish has been called.
+    explicit text_output(std::string& text, unsigned indent = 0) : text_(text), used_(text.size()), indent_(indent) {}
 
     void begin_array() { open('['); }
     void end_array() { close(']'); }
@@ -29,36 +29,26 @@ public:
     void value(bool b)
     {
         separate();
-        text_ += b ? "true" : "false";
+        if (b)
+            put("true", 4);
+        else
+            put("false", 5);
     }
-    void value(long long integer)
-    {
-        separate();
-        foundation::json::detail::write_integer(text_, integer);
-    }
-    void value(unsigned long long integer)
-    {
-        separate();
-        foundation::json::detail::write_integer(text_, integer);
-    }
-    void value(double number)
-    {
-        separate();
-        foundation::json::detail::write_double(text_, number);
-    }
-    void value(float number)
-    {
-        separate();
-        foundation::json::detail::write_float(text_, number);
-    }
+    void value(long long integer) { number([integer](char* first) { return foundation::json::detail::format_integer(first, integer); }); }
+    void value(unsigned long long integer) { number([integer](char* first) { return foundation::json::detail::format_integer(first, integer); }); }
+    void value(double x) { number([x](char* first) { return foundation::json::detail::format_double(first, x); }); }
+    void value(float x) { number([x](char* first) { return foundation::json::detail::format_float(first, x); }); }
     void string(std::string_view utf8)
     {
         separate();
-        foundation::json::detail::write_string(text_, utf8);
+        append_string(utf8);
     }
     /// The UTF-16 text as a JSON string.
     /// @throws as utf16_to_utf8.
     void string(std::u16string_view utf16);
+
+    /// Cuts the text to what was written; the output is not to be used after.
+    void finish() { text_.resize(used_); }
 
 private:
     // What the text last received: the opening of a container, a key, or a value.
@@ -74,15 +64,11 @@ public:
         unsigned depth;
         state last;
     };
-    mark_type mark() const noexcept
-    {
-        return {text_.size(), objects_.size(), members_.size(), keys_.size(), depth_, state_};
-    }
+    mark_type mark() const noexcept { return {used_, objects_.size(), members_.size(), keys_.size(), depth_, state_}; }
     /// Forgets everything written since the mark was taken.
     void rollback(mark_type const& mark);
 
 private:
-
     // An object not yet ended: where its members' text begins, and its first member and key.
     struct open_object {
         std::size_t content;
@@ -99,12 +85,36 @@ private:
         std::size_t end;
     };
 
+    // The text is written in place: text_ is kept longer than used_, and what lies beyond used_ is room
+    // for the next bytes, so a number goes straight from std::to_chars into the text.
+    char* room(std::size_t n)
+    {
+        if (text_.size() - used_ < n)
+            grow(n);
+        return text_.data() + used_;
+    }
+    void grow(std::size_t n);
+    void put(char c) { *room(1) = c, ++used_; }
+    void put(char const* bytes, std::size_t n)
+    {
+        std::char_traits<char>::copy(room(n), bytes, n);
+        used_ += n;
+    }
+    template <typename Format>
+    void number(Format const& format)
+    {
+        separate();
+        char* const first = room(foundation::json::detail::number_buffer_size);
+        used_ += static_cast<std::size_t>(format(first) - first);
+    }
+    void append_string(std::string_view utf8);
+
     // Comes before every value and key: a comma unless it is the first of its container, and the line
     // break of the indented form; nothing between a key and its value.
     void separate()
     {
         if (state_ == state::after_value)
-            text_ += ',';
+            put(',');
         if (state_ != state::after_key && indent_ != 0)
             line_break();
         state_ = state::after_value;
@@ -113,7 +123,7 @@ private:
     void open(char bracket)
     {
         separate();
-        text_ += bracket;
+        put(bracket);
         ++depth_;
         state_ = state::first;
     }
@@ -123,13 +133,14 @@ private:
         // An empty container closes on its own line in neither form.
         if (state_ != state::first && indent_ != 0)
             line_break();
-        text_ += bracket;
+        put(bracket);
         state_ = state::after_value;
     }
     std::string_view key_of(member const& m) const noexcept { return {keys_.data() + m.key_at, m.key_size}; }
     void put_in_order(open_object const& object);
 
     std::string& text_;
+    std::size_t used_;
     unsigned const indent_;
     unsigned depth_ = 0;
     // The root value follows nothing, as a member's value follows its key.
