@@ -8,23 +8,25 @@
 
 namespace foundation::zorbaldata::json::detail {
 
-void text_output::begin_object()
+void text_output::begin_object(bool noted)
 {
     open('{');
-    objects_.push_back({used_, members_.size(), keys_.size(), true});
+    objects_.push_back({used_, members_.size(), keys_.size(), noted, true});
 }
 
 void text_output::key(std::string_view name)
 {
     open_object& object = objects_.back();
-    if (members_.size() > object.first_member) {
+    if (object.noted && members_.size() > object.first_member) {
         members_.back().end = used_;
         if (!(key_of(members_.back()) < name))
             object.in_order = false;
     }
     separate();
-    members_.push_back({keys_.size(), name.size(), used_, 0});
-    keys_.append(name);
+    if (object.noted) {
+        members_.push_back({keys_.size(), name.size(), used_, 0});
+        keys_.append(name);
+    }
     append_string(name);
     if (indent_ != 0)
         put(": ", 2);
@@ -93,13 +95,6 @@ void text_output::grow(std::size_t n)
     text_.resize(used_ + std::max(n, ahead));
 }
 
-void text_output::append_string(std::string_view utf8)
-{
-    // The escaper appends to a string, so the text is cut to what was written and resumed after it.
-    text_.resize(used_);
-    foundation::json::detail::write_string(text_, utf8);
-    used_ = text_.size();
-}
 
 void text_output::rollback(mark_type const& mark)
 {

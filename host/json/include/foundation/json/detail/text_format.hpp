@@ -114,13 +114,6 @@ inline void format_unicode_escape(char* first, unsigned code)
     std::char_traits<char>::copy(first, escape, sizeof escape);
 }
 
-inline void write_unicode_escape(std::string& out, unsigned code)
-{
-    char escape[6];
-    format_unicode_escape(escape, code);
-    out.append(escape, sizeof escape);
-}
-
 // Writes the escape of a byte below 0x80 that bytes_to_escape marks at first, at most six bytes, and
 // returns its length.
 inline std::size_t format_escape(char* first, unsigned char byte)
@@ -141,10 +134,14 @@ inline std::size_t format_escape(char* first, unsigned char byte)
     return 2;
 }
 
-inline void write_string(std::string& out, std::string_view text)
+/// Appends text as a JSON string to out, which has append(char const*, std::size_t) and push_back(char)
+/// as std::string has.
+template <typename Out>
+void write_string(Out& out, std::string_view text)
 {
-    out += '"';
+    out.push_back('"');
     std::size_t plain_from = 0;
+    char escape[6];
     for (std::size_t i = 0; i < text.size(); ++i) {
         auto const byte = static_cast<unsigned char>(text[i]);
         if (!bytes_to_escape[byte])
@@ -162,18 +159,18 @@ inline void write_string(std::string& out, std::string_view text)
             if (high && !low_follows)
                 continue;
             out.append(text.data() + plain_from, i - plain_from);
-            write_unicode_escape(out, 0xD000 | ((second & 0x3Fu) << 6) | (third & 0x3Fu));
+            format_unicode_escape(escape, 0xD000 | ((second & 0x3Fu) << 6) | (third & 0x3Fu));
+            out.append(escape, sizeof escape);
             i += 2;
             plain_from = i + 1;
             continue;
         }
         out.append(text.data() + plain_from, i - plain_from);
         plain_from = i + 1;
-        char escape[6];
         out.append(escape, format_escape(escape, byte));
     }
     out.append(text.data() + plain_from, text.size() - plain_from);
-    out += '"';
+    out.push_back('"');
 }
 
 } // namespace foundation::json::detail

@@ -32,7 +32,7 @@ void write_large_form(Out& out, Dimensions const& dimensions, std::string_view t
     large_extras extras, WriteData&& write_data, WriteMetadata&& write_metadata = {})
 {
     require_two_dimensions(dimensions);
-    out.begin_object();
+    out.begin_sorted_object();
     if (extras.complex) {
         out.key(zorbaljson::detail::zqcomplex_key);
         out.value(true);

@@ -22,7 +22,9 @@ public:
 
     void begin_array() { open('['); }
     void end_array() { close(']'); }
-    void begin_object();
+    void begin_object() { begin_object(true); }
+    /// An object whose keys the writer gives in rising byte order, each once: the large forms.
+    void begin_sorted_object() { begin_object(false); }
     void end_object();
     void key(std::string_view name);
 
@@ -69,11 +71,13 @@ public:
     void rollback(mark_type const& mark);
 
 private:
-    // An object not yet ended: where its members' text begins, and its first member and key.
+    // An object not yet ended: where its members' text begins, its first member and key, whether its
+    // members are noted, and whether their keys came in order so far.
     struct open_object {
         std::size_t content;
         std::size_t first_member;
         std::size_t first_key;
+        bool noted;
         bool in_order;
     };
 
@@ -107,7 +111,17 @@ private:
         char* const first = room(foundation::json::detail::number_buffer_size);
         used_ += static_cast<std::size_t>(format(first) - first);
     }
-    void append_string(std::string_view utf8);
+    void append_string(std::string_view utf8)
+    {
+        // The escaper's view of this output.
+        struct sink {
+            text_output& out;
+            void append(char const* bytes, std::size_t n) { out.put(bytes, n); }
+            void push_back(char c) { out.put(c); }
+        } to_here{*this};
+        foundation::json::detail::write_string(to_here, utf8);
+    }
+    void begin_object(bool noted);
 
     // Comes before every value and key: a comma unless it is the first of its container, and the line
     // break of the indented form; nothing between a key and its value.

@@ -17,6 +17,7 @@ class tree_output {
 public:
     void begin_array() { open_.push_back({false, {}, {}, {}}); }
     void begin_object() { open_.push_back({true, {}, {}, {}}); }
+    void begin_sorted_object() { begin_object(); }
     void end_array();
     void end_object();
     void key(std::string_view name) { open_.back().key = name; }

@@ -10,7 +10,7 @@ namespace foundation::zorbaldata::json::detail {
 template <typename Out>
 void write_word_object(Out& out, char const* word)
 {
-    out.begin_object();
+    out.begin_sorted_object();
     out.key(zorbaljson::detail::zqdata_key);
     out.string(word);
     out.end_object();
