@@ -108,29 +108,32 @@ void text_output::rollback(mark_type const& mark)
 
 void text_output::string(std::u16string_view utf16)
 {
-    // Plain ASCII, the common text, is escaped from the code units directly, without a UTF-8 copy.
-    if (std::all_of(utf16.begin(), utf16.end(), [](char16_t unit) { return unit < 0x80; })) {
-        separate();
-        put('"');
-        // An escape is at most six bytes; room is asked for a block at a time, so a long text needs no
-        // more than its own length beyond what is written.
-        constexpr std::size_t block = 1024;
-        for (std::size_t at = 0; at < utf16.size(); at += block) {
-            std::u16string_view const part = utf16.substr(at, block);
-            char* out = room(6 * part.size());
-            for (char16_t const unit : part) {
-                auto const byte = static_cast<unsigned char>(unit);
-                if (foundation::json::detail::bytes_to_escape[byte])
-                    out += foundation::json::detail::format_escape(out, byte);
-                else
-                    *out++ = static_cast<char>(byte);
+    // Plain ASCII, the common text, is escaped from the code units directly, without a UTF-8 copy; a
+    // unit beyond ASCII sends the whole text back to the one conversion, from where it began.
+    separate();
+    std::size_t const start = used_;
+    put('"');
+    // An escape is at most six bytes; room is asked for a block at a time, so a long text needs no more
+    // than its own length beyond what is written.
+    constexpr std::size_t block = 1024;
+    for (std::size_t at = 0; at < utf16.size(); at += block) {
+        std::u16string_view const part = utf16.substr(at, block);
+        char* out = room(6 * part.size());
+        for (char16_t const unit : part) {
+            if (unit >= 0x80) {
+                used_ = start;
+                append_string(utf16_to_utf8(utf16));
+                return;
             }
-            used_ = static_cast<std::size_t>(out - text_.data());
+            auto const byte = static_cast<unsigned char>(unit);
+            if (foundation::json::detail::bytes_to_escape[byte])
+                out += foundation::json::detail::format_escape(out, byte);
+            else
+                *out++ = static_cast<char>(byte);
         }
-        put('"');
-        return;
+        used_ = static_cast<std::size_t>(out - text_.data());
     }
-    string(utf16_to_utf8(utf16));
+    put('"');
 }
 
 } // namespace foundation::zorbaldata::json::detail
