@@ -184,7 +184,8 @@ struct LargeWriter {
     void operator()(Cells const& cells) const
     {
         large_form(writer, cells.rows, cells.columns, "cell", [&] {
-            list(writer, cells.values, [&](Cell const& cell) { std::visit(CellWriter<Writer>{writer}, cell); });
+            list(writer, cells.values,
+                [&](Cell const& cell) { std::visit(CellWriter<Writer>{writer}, cell); });
         });
     }
 };

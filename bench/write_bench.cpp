@@ -90,7 +90,8 @@ Checked check(std::map<Run, Checked>& checked, Run run, Write const& write, char
 // Times write, which returns its text in a string or a RapidJSON buffer; the text is made and freed in
 // the timed loop.
 template <class Write>
-void time_writer(benchmark::State& state, std::map<Run, Checked>& checked, Run run, Write const& write, char const* writer)
+void time_writer(
+    benchmark::State& state, std::map<Run, Checked>& checked, Run run, Write const& write, char const* writer)
 {
     Checked known{};
     try {
@@ -111,7 +112,9 @@ void time_writer(benchmark::State& state, std::map<Run, Checked>& checked, Run r
 void BM_WriteArray(benchmark::State& state, DocumentId id, ToJsonMode mode)
 {
     static std::map<Run, Checked> checked;
-    time_writer(state, checked, {id, mode}, [&] { return write_ours(zq::bench::our_array(id), mode); }, "Our writer");
+    time_writer(
+        state, checked, { id, mode }, [&] { return write_ours(zq::bench::our_array(id), mode); },
+        "Our writer");
 }
 
 void BM_RapidJsonWrite(benchmark::State& state, DocumentId id, ToJsonMode mode)

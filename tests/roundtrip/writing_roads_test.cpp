@@ -67,7 +67,8 @@ private:
             static_cast<double>(std::numeric_limits<float>::max())};
         if (pick(2) == 0)
             return specials[pick(std::size(specials))];
-        return std::ldexp(std::uniform_real_distribution<double>(-1, 1)(random_), static_cast<int>(pick(140)) - 70);
+        return std::ldexp(
+            std::uniform_real_distribution<double>(-1, 1)(random_), static_cast<int>(pick(140)) - 70);
     }
 
     template <typename T>
@@ -91,8 +92,9 @@ private:
 
     std::u16string text()
     {
-        static std::u16string const pieces[] = {u"abc", u"\"", u"\\", u"\n\t\x01\x1f", u"\x7f", u"é", u"€",
-            u"\U0001F600", std::u16string(1, char16_t(0xD800)), std::u16string(1, char16_t(0xDC00)), u"/", u""};
+        static std::u16string const pieces[]
+            = { u"abc", u"\"", u"\\", u"\n\t\x01\x1f", u"\x7f", u"é", u"€", u"\U0001F600",
+                  std::u16string(1, char16_t(0xD800)), std::u16string(1, char16_t(0xDC00)), u"/", u"" };
         std::u16string result;
         for (unsigned n = pick(4); n > 0; --n)
             result += pieces[pick(std::size(pieces))];
@@ -147,7 +149,8 @@ private:
         objects::Properties result;
         for (unsigned n = pick(4); n > 0; --n) {
             std::string const property = name();
-            bool const taken = std::any_of(result.begin(), result.end(), [&](auto const& p) { return p.first == property; });
+            bool const taken = std::any_of(
+                result.begin(), result.end(), [&](auto const& p) { return p.first == property; });
             if (!taken)
                 result.emplace_back(property, any(depth - 1));
         }

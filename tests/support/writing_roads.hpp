@@ -35,13 +35,16 @@ inline ::testing::AssertionResult same_on_both_roads(foundation::zorbaldata::Arr
     foundation::zorbaldata::ObjectFilter filter, unsigned indent = 0)
 {
     namespace zj = foundation::zorbaldata::json;
-    RoadOutcome const tree = outcome_of(
-        [&] { return foundation::json::serialize(zj::zorbaldata_to_json(array, mode, nan, filter), indent); });
-    RoadOutcome const text = outcome_of([&] { return zj::zorbaldata_to_string(array, mode, nan, filter, indent); });
+    RoadOutcome const tree = outcome_of([&] {
+        return foundation::json::serialize(zj::zorbaldata_to_json(array, mode, nan, filter), indent);
+    });
+    RoadOutcome const text
+        = outcome_of([&] { return zj::zorbaldata_to_string(array, mode, nan, filter, indent); });
     if (tree.text == text.text && tree.thrown == text.thrown)
         return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "through the tree: " << (tree.thrown.empty() ? tree.text : tree.thrown)
-                                         << "\nstraight: " << (text.thrown.empty() ? text.text : text.thrown);
+    return ::testing::AssertionFailure()
+        << "through the tree: " << (tree.thrown.empty() ? tree.text : tree.thrown)
+        << "\nstraight: " << (text.thrown.empty() ? text.text : text.thrown);
 }
 
 } // namespace zq::test

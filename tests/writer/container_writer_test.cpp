@@ -112,7 +112,9 @@ TEST(CellWriter, ElementsThatDisagreeWithTheDimensionsAreRefused)
 {
     using foundation::zorbaldata::json::detail::write_cell;
     zd::Array const two = oneAndAbc();
-    EXPECT_THROW_WHAT(built([&](auto& out) { write_cell(out, Dims{2, 2}, zd::getReadOnlyElements<zd::Array>(two), large_writer); }),
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_cell(out, Dims { 2, 2 }, zd::getReadOnlyElements<zd::Array>(two), large_writer);
+    }),
         std::runtime_error, "Number of elements did not match specified dimensions");
 }
 
@@ -128,12 +130,14 @@ TEST(StructWriter, FieldsThatRunOutAreRefused)
     using foundation::zorbaldata::json::detail::write_struct_large;
     zd::StructArray const row(
         structs({1, 2}, {{"a", {scalar(1), scalar(2)}}, {"b", {scalar(3), scalar(4)}}}));
-    EXPECT_THROW_WHAT(built([&](auto& out) { write_struct_large(out, Dims{2, 2}, row, small_writer); }), std::runtime_error,
-        "Number of elements for field b did not match specified dimensions");
-    EXPECT_THROW_WHAT(built([&](auto& out) { write_struct_large(out, Dims{4}, row, small_writer); }), std::runtime_error,
-        "Must have at least two dimensions");
-    EXPECT_THROW_WHAT(built([&](auto& out) { write_plain_object(out, row, small_writer); }), std::runtime_error,
-        "Number of fieldnames does not match number of elements");
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_struct_large(out, Dims { 2, 2 }, row, small_writer);
+    }),
+        std::runtime_error, "Number of elements for field b did not match specified dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) { write_struct_large(out, Dims { 4 }, row, small_writer); }),
+        std::runtime_error, "Must have at least two dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) { write_plain_object(out, row, small_writer); }),
+        std::runtime_error, "Number of fieldnames does not match number of elements");
 }
 
 } // namespace

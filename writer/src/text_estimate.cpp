@@ -82,8 +82,8 @@ std::size_t estimate(Array const& array, int depth) noexcept
     ArrayType const type = array.getType();
     using enum ArrayType;
     // A sparse array counts all its elements, of which few are stored.
-    if (type == SPARSE_LOGICAL || type == SPARSE_DOUBLE || type == SPARSE_SINGLE || type == SPARSE_COMPLEX_DOUBLE
-        || type == SPARSE_COMPLEX_SINGLE)
+    if (type == SPARSE_LOGICAL || type == SPARSE_DOUBLE || type == SPARSE_SINGLE
+        || type == SPARSE_COMPLEX_DOUBLE || type == SPARSE_COMPLEX_SINGLE)
         return frame;
     if ((type == STRING || type == CELL || type == STRUCT) && depth < walked_depth) {
         try {

@@ -64,7 +64,8 @@ foundation::json::Value zorbaldata_to_json(Array array, ToJsonMode mode, NanType
     return chosen ? chosen->write_tree(std::move(array)) : foundation::json::Value();
 }
 
-std::string zorbaldata_to_string(Array array, ToJsonMode mode, NanType nanType, ObjectFilter filter, unsigned indent)
+std::string zorbaldata_to_string(
+    Array array, ToJsonMode mode, NanType nanType, ObjectFilter filter, unsigned indent)
 {
     variant const* const chosen = find_variant(mode, nanType, filter);
     if (!chosen)

@@ -14,7 +14,8 @@
 
 namespace foundation::json::detail {
 
-inline constexpr char const non_finite_message[] = "Cannot serialize a non-finite number: JSON has no NaN or infinity";
+inline constexpr char const non_finite_message[]
+    = "Cannot serialize a non-finite number: JSON has no NaN or infinity";
 
 // Enough for any shortest double or float and any 64-bit integer.
 inline constexpr std::size_t number_buffer_size = 32;

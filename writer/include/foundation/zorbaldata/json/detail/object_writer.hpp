@@ -42,7 +42,8 @@ void write_properties(Out& out, Iterator begin, Iterator const& end, Write const
 /// Writes the object of the properties from begin to end; every failure of a property, nested ones
 /// included, becomes std::runtime_error failure, but for ArrayNestingTooDeep.
 template <typename Out, typename Iterator, typename Write>
-void write_properties_or_fail(Out& out, Iterator begin, Iterator const& end, Write const& write, char const* failure)
+void write_properties_or_fail(
+    Out& out, Iterator begin, Iterator const& end, Write const& write, char const* failure)
 {
     try {
         out.begin_object();
@@ -65,7 +66,8 @@ void write_object_list(Out& out, ValueObjectArray const& array, std::string cons
         out.begin_array();
         unsigned long walked = 0;
         auto const elements = getReadOnlyElements<ValueObject>(array);
-        for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment(), ++walked) {
+        for (auto element = elements.begin(); !element.isEqual(elements.end());
+             element.increment(), ++walked) {
             out.begin_object();
             write_members(element.getRef());
             out.end_object();
@@ -92,7 +94,8 @@ void write_object_list(Out& out, ValueObjectArray const& array, std::string cons
 /// elements walked are not as many as the dimensions give. @throws ArrayNestingTooDeep from any property,
 /// in every shape.
 template <typename Out, typename Write>
-void write_value_objects(Out& out, ValueObjectArray const& array, ObjectFilter const filter, Write const& write)
+void write_value_objects(
+    Out& out, ValueObjectArray const& array, ObjectFilter const filter, Write const& write)
 {
     std::string const class_name = class_name_of(object_array_get_class_info_x(array));
     zorbaldata::detail::validateObjectTypeFilter(filter, class_name);
@@ -124,8 +127,8 @@ void write_value_objects(Out& out, ValueObjectArray const& array, ObjectFilter c
         write_object_list(
             out, array, class_name,
             [&](Reference<ValueObject const> const& element) {
-                for (auto property = properties_begin(element), end = properties_end(element); property != end;
-                     ++property) {
+                for (auto property = properties_begin(element), end = properties_end(element);
+                     property != end; ++property) {
                     auto const before = out.mark();
                     try {
                         write_property(out, *property, write);
@@ -151,7 +154,8 @@ void write_value_objects(Out& out, ValueObjectArray const& array, ObjectFilter c
 /// foundation::zorbaljson::MismatchedZQSize when the elements walked are not as many as the dimensions
 /// give.
 template <typename Out, typename Write>
-void write_handles(Out& out, TypedArray<HandleObjectRef> const& array, ObjectFilter const filter, Write const& write)
+void write_handles(
+    Out& out, TypedArray<HandleObjectRef> const& array, ObjectFilter const filter, Write const& write)
 {
     auto const elements = getReadOnlyElements<HandleObjectRef>(array);
     // The first handle speaks for all: its class names the array, and it decides whether any is written.
@@ -168,7 +172,8 @@ void write_handles(Out& out, TypedArray<HandleObjectRef> const& array, ObjectFil
     write_large_form(out, dimensions, class_name, {}, [&] {
         out.begin_array();
         unsigned long walked = 0;
-        for (auto element = elements.begin(); !element.isEqual(elements.end()); element.increment(), ++walked) {
+        for (auto element = elements.begin(); !element.isEqual(elements.end());
+             element.increment(), ++walked) {
             ValueObject const object = handle_value(handle_at(element.getRef()));
             out.begin_object();
             write_properties(out, object.cbegin(), object.cend(), write);

@@ -32,8 +32,8 @@ void write_struct_large(Out& out, Dimensions const& dimensions, StructArray cons
             for (; written < count && !walk.at_end(); ++written, walk.advance())
                 write(walk.value(), out);
             if (written < count)
-                throw std::runtime_error(
-                    "Number of elements for field " + field.getString() + " did not match specified dimensions");
+                throw std::runtime_error("Number of elements for field " + field.getString()
+                    + " did not match specified dimensions");
             out.end_array();
         }
         out.end_object();

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace foundation::zorbaldata::json::detail {
@@ -18,7 +19,10 @@ class text_output {
 public:
     /// Appends to text; an indent above 0 writes each element and member on a line of its own, indented
     /// by that many spaces for each level. The text is whole once finish has been called.
-    explicit text_output(std::string& text, unsigned indent = 0) : text_(text), used_(text.size()), indent_(indent) {}
+    explicit text_output(std::string& text, unsigned indent = 0)
+        : text_(text), used_(text.size()), indent_(indent)
+    {
+    }
 
     void begin_array() { open('['); }
     void end_array() { close(']'); }
@@ -36,10 +40,10 @@ public:
         else
             put("false", 5);
     }
-    void value(long long integer) { number([integer](char* first) { return foundation::json::detail::format_integer(first, integer); }); }
-    void value(unsigned long long integer) { number([integer](char* first) { return foundation::json::detail::format_integer(first, integer); }); }
-    void value(double x) { number([x](char* first) { return foundation::json::detail::format_double(first, x); }); }
-    void value(float x) { number([x](char* first) { return foundation::json::detail::format_float(first, x); }); }
+    void value(long long integer) { number(integer); }
+    void value(unsigned long long integer) { number(integer); }
+    void value(double x) { number(x); }
+    void value(float x) { number(x); }
     void string(std::string_view utf8)
     {
         separate();
@@ -66,7 +70,10 @@ public:
         unsigned depth;
         state last;
     };
-    mark_type mark() const noexcept { return {used_, objects_.size(), members_.size(), keys_.size(), depth_, state_}; }
+    mark_type mark() const noexcept
+    {
+        return {used_, objects_.size(), members_.size(), keys_.size(), depth_, state_};
+    }
     /// Forgets everything written since the mark was taken.
     void rollback(mark_type const& mark);
 
@@ -104,12 +111,20 @@ private:
         std::char_traits<char>::copy(room(n), bytes, n);
         used_ += n;
     }
-    template <typename Format>
-    void number(Format const& format)
+    template <typename Number>
+    void number(Number x)
     {
+        namespace text = foundation::json::detail;
         separate();
-        char* const first = room(foundation::json::detail::number_buffer_size);
-        used_ += static_cast<std::size_t>(format(first) - first);
+        char* const first = room(text::number_buffer_size);
+        char* last = nullptr;
+        if constexpr (std::is_same_v<Number, double>)
+            last = text::format_double(first, x);
+        else if constexpr (std::is_same_v<Number, float>)
+            last = text::format_float(first, x);
+        else
+            last = text::format_integer(first, x);
+        used_ += static_cast<std::size_t>(last - first);
     }
     void append_string(std::string_view utf8)
     {

@@ -36,7 +36,10 @@ public:
     mark_type mark() const noexcept { return open_.size(); }
     /// Forgets the containers begun since the mark was taken; a member is placed only when its value
     /// is whole, so nothing else was kept.
-    void rollback(mark_type mark) { open_.erase(open_.begin() + static_cast<std::ptrdiff_t>(mark), open_.end()); }
+    void rollback(mark_type mark)
+    {
+        open_.erase(open_.begin() + static_cast<std::ptrdiff_t>(mark), open_.end());
+    }
 
     /// The finished tree; the output is empty again.
     JsonValue take() { return std::move(result_); }
