@@ -3,6 +3,7 @@
 
 #include <foundation/json/detail/text_format.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -128,6 +129,17 @@ private:
     }
     void append_string(std::string_view utf8)
     {
+        // Keys and most texts need no escape: they are copied between their quotes in one go.
+        auto const needs_escape
+            = [](char c) { return foundation::json::detail::bytes_to_escape[static_cast<unsigned char>(c)]; };
+        if (std::none_of(utf8.begin(), utf8.end(), needs_escape)) {
+            char* const out = room(utf8.size() + 2);
+            out[0] = '"';
+            std::char_traits<char>::copy(out + 1, utf8.data(), utf8.size());
+            out[utf8.size() + 1] = '"';
+            used_ += utf8.size() + 2;
+            return;
+        }
         // The escaper's view of this output.
         struct sink {
             text_output& out;
