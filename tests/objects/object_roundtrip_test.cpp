@@ -3,6 +3,7 @@
 #include "writer_test_support.hpp"
 
 #include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
+#include <writing_roads.hpp>
 
 #include <string>
 
@@ -15,6 +16,7 @@ using enum zq::test::writer::NanType;
 
 std::string written(zd::Array const& array, zq::test::writer::ToJsonMode mode)
 {
+    EXPECT_TRUE(zq::test::same_on_both_roads(array, mode, String, zd::ObjectFilter::AllowAll));
     return zd::json::zorbaldata_to_string(array, mode, String, zd::ObjectFilter::AllowAll);
 }
 

@@ -89,6 +89,7 @@ std::string describe(Setting setting)
 
 std::string text_of(zd::Array const& array, Setting setting)
 {
+    EXPECT_TRUE(same_on_both_roads(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll));
     return zd::json::zorbaldata_to_string(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll);
 }
 

@@ -14,10 +14,14 @@ namespace {
 using namespace zq::test::writer;
 using enum ToJsonMode;
 using enum NanType;
-using foundation::zorbaldata::json::detail::to_json;
+using foundation::zorbaldata::json::detail::write_array;
 
-constexpr auto large_writer = &to_json<Large, String, zd::ObjectFilter::AllowAll>;
-constexpr auto small_writer = &to_json<Small, String, zd::ObjectFilter::AllowAll>;
+constexpr auto large_writer = [](zd::Array array, auto& out) {
+    write_array<Large, String, zd::ObjectFilter::AllowAll>(std::move(array), out);
+};
+constexpr auto small_writer = [](zd::Array array, auto& out) {
+    write_array<Small, String, zd::ObjectFilter::AllowAll>(std::move(array), out);
+};
 
 zd::Array oneAndAbc()
 {
@@ -108,7 +112,9 @@ TEST(CellWriter, ElementsThatDisagreeWithTheDimensionsAreRefused)
 {
     using foundation::zorbaldata::json::detail::write_cell;
     zd::Array const two = oneAndAbc();
-    EXPECT_THROW_WHAT(write_cell(Dims{2, 2}, zd::getReadOnlyElements<zd::Array>(two), large_writer),
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_cell(out, Dims { 2, 2 }, zd::getReadOnlyElements<zd::Array>(two), large_writer);
+    }),
         std::runtime_error, "Number of elements did not match specified dimensions");
 }
 
@@ -124,12 +130,14 @@ TEST(StructWriter, FieldsThatRunOutAreRefused)
     using foundation::zorbaldata::json::detail::write_struct_large;
     zd::StructArray const row(
         structs({1, 2}, {{"a", {scalar(1), scalar(2)}}, {"b", {scalar(3), scalar(4)}}}));
-    EXPECT_THROW_WHAT(write_struct_large(Dims{2, 2}, row, small_writer), std::runtime_error,
-        "Number of elements for field b did not match specified dimensions");
-    EXPECT_THROW_WHAT(write_struct_large(Dims{4}, row, small_writer), std::runtime_error,
-        "Must have at least two dimensions");
-    EXPECT_THROW_WHAT(write_plain_object(row, small_writer), std::runtime_error,
-        "Number of fieldnames does not match number of elements");
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_struct_large(out, Dims { 2, 2 }, row, small_writer);
+    }),
+        std::runtime_error, "Number of elements for field b did not match specified dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) { write_struct_large(out, Dims { 4 }, row, small_writer); }),
+        std::runtime_error, "Must have at least two dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) { write_plain_object(out, row, small_writer); }),
+        std::runtime_error, "Number of fieldnames does not match number of elements");
 }
 
 } // namespace

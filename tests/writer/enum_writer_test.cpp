@@ -36,7 +36,9 @@ TEST(EnumWriter, ElementsThatDisagreeWithTheDimensionsAreRefused)
 {
     using foundation::zorbaldata::json::detail::write_enum;
     zd::Array const two = redAndBlue();
-    EXPECT_THROW_WHAT(write_enum(Dims{1, 3}, "pkg.Color", zd::getReadOnlyElements<zd::Enumeration>(two)),
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_enum(out, Dims { 1, 3 }, "pkg.Color", zd::getReadOnlyElements<zd::Enumeration>(two));
+    }),
         std::runtime_error, "Number of elements did not match specified dimensions");
 }
 

@@ -73,11 +73,15 @@ TEST(NumericWriter, ElementsThatDisagreeWithTheDimensionsAreRefused)
     using foundation::zorbaldata::json::detail::write_numeric;
     int const three[] = {1, 2, 3};
     auto const elements = range(three, 3);
-    EXPECT_THROW_WHAT(write_numeric(Dims{2, 2}, elements, exact_value()), std::runtime_error,
-        "Number of elements did not match specified dimensions");
-    EXPECT_THROW_WHAT(write_numeric(Dims{1, 2}, elements, exact_value()), std::runtime_error,
-        "Number of elements did not match specified dimensions");
-    EXPECT_EQ(tagged(write_numeric(Dims{3, 1}, elements, exact_value())),
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_numeric(out, Dims { 2, 2 }, elements, exact_value());
+    }),
+        std::runtime_error, "Number of elements did not match specified dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_numeric(out, Dims { 1, 2 }, elements, exact_value());
+    }),
+        std::runtime_error, "Number of elements did not match specified dimensions");
+    EXPECT_EQ(tagged(built([&](auto& out) { write_numeric(out, Dims{3, 1}, elements, exact_value()); })),
         R"({"zqdata":[1i,2i,3i],"zqsize":[3,1],"zqtype":"int32"})");
 }
 

@@ -96,10 +96,12 @@ TEST(SmallForm, WhatCannotBeNestedIsRefused)
     using foundation::zorbaldata::json::detail::nesting_shape;
     using foundation::zorbaldata::json::detail::scalar_form;
     bool const two[] = {true, false};
-    EXPECT_THROW_WHAT(nested_form(Dims{3, 1}, range(two, 2), exact_value()), std::runtime_error,
-        "Number of elements did not match specified dimensions");
-    EXPECT_THROW_WHAT(scalar_form(range(two, 2), exact_value()), std::runtime_error,
-        "Number of elements did not match specified dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        nested_form(out, Dims { 3, 1 }, range(two, 2), exact_value());
+    }),
+        std::runtime_error, "Number of elements did not match specified dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) { scalar_form(out, range(two, 2), exact_value()); }),
+        std::runtime_error, "Number of elements did not match specified dimensions");
     EXPECT_THROW_WHAT(nesting_shape({std::numeric_limits<unsigned long>::max(), 2}),
         boost::numeric::positive_overflow, "bad numeric conversion: positive overflow");
 }

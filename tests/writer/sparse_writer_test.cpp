@@ -56,12 +56,17 @@ TEST(SparseWriter, ListsThatDisagreeAreRefused)
     double const values[] = {1, 2};
     std::string const mismatch = "Number of elements did not match specified dimensions";
     floating_value<String> const make;
-    EXPECT_THROW_WHAT(
-        write_sparse(Dims{2, 2}, rows, cols, range(values, 1), make), std::runtime_error, mismatch);
-    EXPECT_THROW_WHAT(write_sparse(Dims{2, 2}, rows, std::span(cols, 1), range(values, 2), make),
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_sparse(out, Dims { 2, 2 }, rows, cols, range(values, 1), make);
+    }),
         std::runtime_error, mismatch);
-    EXPECT_THROW_WHAT(write_sparse(Dims{4}, rows, cols, range(values, 2), make), std::runtime_error,
-        "Must have at least two dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_sparse(out, Dims { 2, 2 }, rows, std::span(cols, 1), range(values, 2), make);
+    }),
+        std::runtime_error, mismatch);
+    EXPECT_THROW_WHAT(
+        built([&](auto& out) { write_sparse(out, Dims { 4 }, rows, cols, range(values, 2), make); }),
+        std::runtime_error, "Must have at least two dimensions");
 }
 
 } // namespace

@@ -69,8 +69,10 @@ TEST(StringWriter, ElementsThatDisagreeWithTheDimensionsAreRefused)
 {
     using foundation::zorbaldata::json::detail::write_string;
     zd::Array const two = abcAndMissing();
-    EXPECT_THROW_WHAT(write_string(Dims{2, 2}, zd::getReadOnlyElements<Text>(two)), std::runtime_error,
-        "Number of elements did not match specified dimensions");
+    EXPECT_THROW_WHAT(built([&](auto& out) {
+        write_string(out, Dims { 2, 2 }, zd::getReadOnlyElements<Text>(two));
+    }),
+        std::runtime_error, "Number of elements did not match specified dimensions");
 }
 
 } // namespace

@@ -5,8 +5,10 @@
 #include <foundation/json/serialize.hpp>
 #include <foundation/json/value.hpp>
 #include <foundation/zorbaldata.hpp>
+#include <foundation/zorbaldata/json/detail/tree_output.hpp>
 #include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
 #include <gtest/gtest.h>
+#include <writing_roads.hpp>
 
 #include <algorithm>
 #include <complex>
@@ -55,11 +57,22 @@ inline std::string tagged(fj::Value const& value)
     }
 }
 
-// The tagged text of array written with the mode and the NanType, filter AllowAll.
+// The tagged text of array written with the mode and the NanType, filter AllowAll. The text written
+// without a tree must be the serialised tree, byte for byte.
 inline std::string write(zd::Array array, ToJsonMode mode, NanType nan = NanType::String)
 {
+    EXPECT_TRUE(zq::test::same_on_both_roads(array, mode, nan, zd::ObjectFilter::AllowAll));
     return tagged(foundation::zorbaldata::json::zorbaldata_to_json(std::move(array), mode, nan,
         zd::ObjectFilter::AllowAll));
+}
+
+// The tree that one of the library's writers gives: write(out) into a tree output.
+template <typename Write>
+fj::Value built(Write const& write)
+{
+    foundation::zorbaldata::json::detail::tree_output out;
+    write(out);
+    return out.take();
 }
 
 // One array written under one setting, and the tagged text expected of it.

@@ -3,7 +3,11 @@
 
 #include <foundation/zorbaldata/json/detail/array_type_dispatch.hpp>
 #include <foundation/zorbaldata/json/convert_error.hpp>
+#include <foundation/zorbaldata/json/detail/text_output.hpp>
 #include <foundation/zorbaldata/json/detail/to_json_visitor.hpp>
+#include <foundation/zorbaldata/json/detail/tree_output.hpp>
+
+#include <utility>
 
 namespace foundation::zorbaldata::json::detail {
 
@@ -33,28 +37,43 @@ thread_local unsigned WritingLevel::depth_ = 0;
 
 } // namespace
 
+template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter, typename Out>
+void write_array(Array array, Out& out)
+{
+    WritingLevel const level;
+    dispatch_on_array_type(array.getType(), array, to_json_visitor<Mode, Nan, Filter, Out>{out});
+}
+
 template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter>
 JsonValue to_json(Array array)
 {
-    WritingLevel const level;
-    return dispatch_on_array_type(array.getType(), array, to_json_visitor<Mode, Nan, Filter>());
+    tree_output out;
+    write_array<Mode, Nan, Filter>(std::move(array), out);
+    return out.take();
 }
 
 using enum zorbaljson::ToJsonMode;
 using enum zorbaljson::NanType;
 using enum ObjectFilter;
 
-template JsonValue to_json<Large, String, AllowAll>(Array);
-template JsonValue to_json<Large, String, AllowListed>(Array);
-template JsonValue to_json<Large, String, DenyAll>(Array);
-template JsonValue to_json<Small, String, AllowAll>(Array);
-template JsonValue to_json<Small, String, AllowListed>(Array);
-template JsonValue to_json<Small, String, DenyAll>(Array);
-template JsonValue to_json<Large, Object, AllowAll>(Array);
-template JsonValue to_json<Large, Object, AllowListed>(Array);
-template JsonValue to_json<Large, Object, DenyAll>(Array);
-template JsonValue to_json<Small, Object, AllowAll>(Array);
-template JsonValue to_json<Small, Object, AllowListed>(Array);
-template JsonValue to_json<Small, Object, DenyAll>(Array);
+#define ZQ_WRITER_VARIANT(Mode, Nan, Filter)                                                                 \
+    template JsonValue to_json<Mode, Nan, Filter>(Array);                                                    \
+    template void write_array<Mode, Nan, Filter>(Array, tree_output&);                                       \
+    template void write_array<Mode, Nan, Filter>(Array, text_output&);
+
+ZQ_WRITER_VARIANT(Large, String, AllowAll)
+ZQ_WRITER_VARIANT(Large, String, AllowListed)
+ZQ_WRITER_VARIANT(Large, String, DenyAll)
+ZQ_WRITER_VARIANT(Small, String, AllowAll)
+ZQ_WRITER_VARIANT(Small, String, AllowListed)
+ZQ_WRITER_VARIANT(Small, String, DenyAll)
+ZQ_WRITER_VARIANT(Large, Object, AllowAll)
+ZQ_WRITER_VARIANT(Large, Object, AllowListed)
+ZQ_WRITER_VARIANT(Large, Object, DenyAll)
+ZQ_WRITER_VARIANT(Small, Object, AllowAll)
+ZQ_WRITER_VARIANT(Small, Object, AllowListed)
+ZQ_WRITER_VARIANT(Small, Object, DenyAll)
+
+#undef ZQ_WRITER_VARIANT
 
 } // namespace foundation::zorbaldata::json::detail

@@ -1,15 +1,10 @@
 // Writing Values as JSON text, with an explicit stack instead of recursion.
 #include <foundation/json/serialize.hpp>
 
+#include <foundation/json/detail/text_format.hpp>
 #include <foundation/json/json_cast.hpp>
 #include <foundation/json/traits.hpp>
 
-#include <array>
-#include <cfloat>
-#include <charconv>
-#include <cmath>
-#include <cstddef>
-#include <string_view>
 #include <vector>
 
 namespace foundation::json {
@@ -18,133 +13,7 @@ SerializeError::~SerializeError() = default;
 
 namespace {
 
-constexpr char const non_finite_message[] = "Cannot serialize a non-finite number: JSON has no NaN or infinity";
-
-// Enough for any shortest double or float and any 64-bit integer.
-constexpr std::size_t number_buffer_size = 32;
-
-void write_integer(std::string& out, auto integer)
-{
-    char buffer[number_buffer_size];
-    out.append(buffer, std::to_chars(buffer, buffer + number_buffer_size, integer).ptr);
-}
-
-// Whole numbers get plain digits because the shortest form would write 100000 as 1e+05.
-template <typename Float>
-bool write_whole(std::string& out, Float number, Float limit)
-{
-    if (!(std::fabs(number) < limit))
-        return false;
-    long long const whole = static_cast<long long>(number);
-    if (static_cast<Float>(whole) != number)
-        return false;
-    if (whole == 0 && std::signbit(number))
-        out += "-0";
-    else
-        write_integer(out, whole);
-    return true;
-}
-
-void write_double(std::string& out, double number)
-{
-    if (!std::isfinite(number))
-        throw SerializeError(non_finite_message);
-    if (write_whole(out, number, 0x1p53))
-        return;
-    char buffer[number_buffer_size];
-    out.append(buffer, std::to_chars(buffer, buffer + number_buffer_size, number).ptr);
-}
-
-void write_float(std::string& out, float number)
-{
-    if (!std::isfinite(number))
-        throw SerializeError(non_finite_message);
-    if (write_whole(out, number, 0x1p24f))
-        return;
-    char buffer[number_buffer_size];
-    char* end = std::to_chars(buffer, buffer + number_buffer_size, number).ptr;
-    // The shortest text of the largest floats can lie above FLT_MAX when read as a double, and
-    // a reader would then refuse it as a float; the double form of the same value never does.
-    if (std::fabs(number) >= 0x1p127f) {
-        double read_back = 0.0;
-        std::from_chars(buffer, end, read_back);
-        if (std::fabs(read_back) > FLT_MAX)
-            end = std::to_chars(buffer, buffer + number_buffer_size, static_cast<double>(number)).ptr;
-    }
-    out.append(buffer, end);
-}
-
-// Bytes that may need more than a plain copy: the quote, the backslash, control bytes, and
-// 0xED, which leads a surrogate encoded in three bytes.
-constexpr std::array<bool, 256> bytes_to_escape = [] {
-    std::array<bool, 256> table{};
-    for (int byte = 0; byte < 0x20; ++byte)
-        table[byte] = true;
-    table['"'] = table['\\'] = table[0xED] = true;
-    return table;
-}();
-
-constexpr char hex_digits[] = "0123456789abcdef";
-
-// Whether the three bytes at i encode a surrogate code point, U+D800 to U+DFFF.
-bool is_encoded_surrogate(std::string_view text, std::size_t i)
-{
-    if (i + 2 >= text.size() || static_cast<unsigned char>(text[i]) != 0xED)
-        return false;
-    auto const second = static_cast<unsigned char>(text[i + 1]);
-    auto const third = static_cast<unsigned char>(text[i + 2]);
-    return second >= 0xA0 && second <= 0xBF && third >= 0x80 && third <= 0xBF;
-}
-
-void write_unicode_escape(std::string& out, unsigned code)
-{
-    char const escape[] = {'\\', 'u', hex_digits[(code >> 12) & 0xF], hex_digits[(code >> 8) & 0xF],
-                           hex_digits[(code >> 4) & 0xF], hex_digits[code & 0xF]};
-    out.append(escape, sizeof escape);
-}
-
-void write_string(std::string& out, std::string_view text)
-{
-    out += '"';
-    std::size_t plain_from = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        auto const byte = static_cast<unsigned char>(text[i]);
-        if (!bytes_to_escape[byte])
-            continue;
-        if (byte == 0xED) {
-            if (!is_encoded_surrogate(text, i))
-                continue;
-            auto const second = static_cast<unsigned char>(text[i + 1]);
-            auto const third = static_cast<unsigned char>(text[i + 2]);
-            // A reader pairs a high surrogate's escape with the escape that must follow it, so a high
-            // surrogate without a low one after it stays in its three bytes, which read back as it.
-            bool const high = second < 0xB0;
-            bool const low_follows
-                = is_encoded_surrogate(text, i + 3) && static_cast<unsigned char>(text[i + 4]) >= 0xB0;
-            if (high && !low_follows)
-                continue;
-            out.append(text.data() + plain_from, i - plain_from);
-            write_unicode_escape(out, 0xD000 | ((second & 0x3Fu) << 6) | (third & 0x3Fu));
-            i += 2;
-            plain_from = i + 1;
-            continue;
-        }
-        out.append(text.data() + plain_from, i - plain_from);
-        plain_from = i + 1;
-        switch (byte) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\b': out += "\\b"; break;
-        case '\f': out += "\\f"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        default: write_unicode_escape(out, byte);
-        }
-    }
-    out.append(text.data() + plain_from, text.size() - plain_from);
-    out += '"';
-}
+using namespace detail;
 
 class Writer {
 public:

@@ -29,8 +29,18 @@ FOUNDATION_ZORBALDATA_JSON_API foundation::json::Value zorbaldata_to_json(Array 
 
 /// The compact JSON text of zorbaldata_to_json(array, mode, nanType, filter); "null" for a combination
 /// of settings outside the enumerators.
-/// @throws what zorbaldata_to_json throws.
+/// The text is written straight from the array, without a tree, and is the same to the byte. When
+/// anything fails, nothing is returned but the exception.
+/// @throws what zorbaldata_to_json throws; std::length_error when the text would be longer than
+/// std::string's max_size().
 FOUNDATION_ZORBALDATA_JSON_API std::string zorbaldata_to_string(Array array,
     foundation::zorbaljson::ToJsonMode mode, foundation::zorbaljson::NanType nanType, ObjectFilter filter);
+
+/// The same text indented as foundation::json::serialize(value, indent) indents it: each element and
+/// member on a line of its own, indent spaces a level; an indent of 0 is the compact text.
+/// @throws as the compact zorbaldata_to_string.
+FOUNDATION_ZORBALDATA_JSON_API std::string zorbaldata_to_string(Array array,
+    foundation::zorbaljson::ToJsonMode mode, foundation::zorbaljson::NanType nanType, ObjectFilter filter,
+    unsigned indent);
 
 } // namespace foundation::zorbaldata::json

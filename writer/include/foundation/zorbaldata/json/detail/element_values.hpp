@@ -1,7 +1,6 @@
-// How one element, or one part of a complex element, of a numeric or logical array becomes a JSON value.
+// How one element, or one part of a complex element, of a numeric or logical array is written.
 #pragma once
 
-#include <foundation/zorbaldata/json/detail/json_types.hpp>
 #include <foundation/zorbaldata/json/detail/numeric_traits.hpp>
 #include <foundation/zorbaldata/json/detail/word_object.hpp>
 #include <foundation/zorbaldata/json/to_json_modes.hpp>
@@ -29,16 +28,20 @@ constexpr char const* non_finite_word(T x) noexcept
 /// Logical and integer elements, which depend on no setting: a boolean, or the 64-bit integer of the
 /// element's signedness, so that every bit survives.
 struct exact_value {
-    JsonValue operator()(bool b) const noexcept { return JsonValue(b); }
+    template <typename Out>
+    void operator()(Out& out, bool b) const
+    {
+        out.value(b);
+    }
 
-    template <std::integral T>
+    template <typename Out, std::integral T>
         requires(!std::same_as<T, bool>)
-    JsonValue operator()(T x) const noexcept
+    void operator()(Out& out, T x) const
     {
         if constexpr (std::is_signed_v<T>)
-            return JsonValue(static_cast<long long>(x));
+            out.value(static_cast<long long>(x));
         else
-            return JsonValue(static_cast<unsigned long long>(x));
+            out.value(static_cast<unsigned long long>(x));
     }
 };
 
@@ -46,20 +49,21 @@ struct exact_value {
 /// non-finite number as a plain string or a special-float object, as Nan says.
 template <zorbaljson::NanType Nan>
 struct floating_value {
-    template <std::floating_point T>
-    JsonValue operator()(T x) const
+    template <typename Out, std::floating_point T>
+    void operator()(Out& out, T x) const
     {
         if (char const* const word = non_finite_word(x)) [[unlikely]] {
             if constexpr (Nan == zorbaljson::NanType::Object)
-                return word_object(word);
+                write_word_object(out, word);
             else
-                return JsonValue(word);
+                out.string(word);
+            return;
         }
-        return JsonValue(x);
+        out.value(x);
     }
 };
 
-/// The maker of JSON values for the parts of elements of type T under Nan.
+/// The writer of the parts of elements of type T under Nan.
 template <typename T, zorbaljson::NanType Nan>
 using value_maker
     = std::conditional_t<std::floating_point<element_part_t<T>>, floating_value<Nan>, exact_value>;

@@ -8,14 +8,18 @@
 
 namespace foundation::zorbaldata::json::detail {
 
-/// The JSON of array in the variant of the three settings; cell elements, struct fields and properties
-/// re-enter the same variant. Instantiated for the twelve combinations of enumerators only.
+/// Writes array to out in the variant of the three settings; cell elements, struct fields and properties
+/// re-enter the same variant. Instantiated for the twelve combinations of enumerators, with a
+/// tree_output or a text_output.
+/// @throws ArrayNestingTooDeep for arrays nested more than 1000 deep.
 /// @throws foundation::zorbaldata::EArrayUnknownDataType for a type that is no ArrayType.
 /// @throws what the writer of the array's kind throws.
+template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter, typename Out>
+void write_array(Array array, Out& out);
+
+/// The JSON tree of array in the variant of the three settings.
+/// @throws as write_array.
 template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter>
 JsonValue to_json(Array array);
-
-/// The entry of one variant, as the container writers take it to write what they contain.
-using element_writer = JsonValue (*)(Array);
 
 } // namespace foundation::zorbaldata::json::detail

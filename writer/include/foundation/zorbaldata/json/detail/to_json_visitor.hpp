@@ -9,7 +9,6 @@
 #include <foundation/zorbaldata/json/detail/char_writer.hpp>
 #include <foundation/zorbaldata/json/detail/element_values.hpp>
 #include <foundation/zorbaldata/json/detail/enum_writer.hpp>
-#include <foundation/zorbaldata/json/detail/json_types.hpp>
 #include <foundation/zorbaldata/json/detail/numeric_writer.hpp>
 #include <foundation/zorbaldata/json/detail/object_writer.hpp>
 #include <foundation/zorbaldata/json/detail/sparse_writer.hpp>
@@ -28,79 +27,86 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace foundation::zorbaldata::json::detail {
 
-/// The overloads that write each view in the variant of Mode, Nan and Filter. Nan reaches only double and
-/// single elements; every writer that holds arrays hands them to to_json of the same variant.
-template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter>
+/// The overloads that write each view to out in the variant of Mode, Nan and Filter. Nan reaches only
+/// double and single elements; every writer that holds arrays hands them to the same variant.
+template <zorbaljson::ToJsonMode Mode, zorbaljson::NanType Nan, ObjectFilter Filter, typename Out>
 struct to_json_visitor {
-    JsonValue operator()(TypedArray<double> const& array) const
+    Out& out;
+
+    /// How the writers of cells, structs and objects write the arrays they hold.
+    static void write_element(Array element, Out& element_out)
     {
-        return write_with_small_form<Mode>(array.getDimensions(), getReadOnlyElements<double>(array),
+        write_array<Mode, Nan, Filter>(std::move(element), element_out);
+    }
+
+    void operator()(TypedArray<double> const& array) const
+    {
+        write_with_small_form<Mode>(out, array.getDimensions(), getReadOnlyElements<double>(array),
             floating_value<zorbaljson::NanType::Object>(), floating_value<Nan>());
     }
 
-    JsonValue operator()(TypedArray<bool> const& array) const
+    void operator()(TypedArray<bool> const& array) const
     {
-        return write_with_small_form<Mode>(
-            array.getDimensions(), getReadOnlyElements<bool>(array), exact_value(), exact_value());
+        write_with_small_form<Mode>(
+            out, array.getDimensions(), getReadOnlyElements<bool>(array), exact_value(), exact_value());
     }
 
     /// Single, integer and complex arrays, which have no small form.
     template <zorbaldata::detail::Plain T>
-    JsonValue operator()(TypedArray<T> const& array) const
+    void operator()(TypedArray<T> const& array) const
     {
-        return write_numeric(array.getDimensions(), getReadOnlyElements<T>(array), value_maker<T, Nan>());
+        write_numeric(out, array.getDimensions(), getReadOnlyElements<T>(array), value_maker<T, Nan>());
     }
 
-    JsonValue operator()(CharArray const& array) const
+    void operator()(CharArray const& array) const
     {
         // The code units are read where they lie, without the copy that CharArray::toUTF16 makes.
         auto const units = getReadOnlyElements<char16_t>(array);
         std::u16string_view const text(
             std::to_address(units.begin()), static_cast<std::size_t>(units.end() - units.begin()));
-        return write_char<Mode>(array.getDimensions(), text);
+        write_char<Mode>(out, array.getDimensions(), text);
     }
 
-    JsonValue operator()(TypedArray<zorbal::data::optional<std::u16string>> const& array) const
+    void operator()(TypedArray<zorbal::data::optional<std::u16string>> const& array) const
     {
-        return write_string(array.getDimensions(),
+        write_string(out, array.getDimensions(),
             getReadOnlyElements<zorbal::data::optional<std::u16string>>(array));
     }
 
-    JsonValue operator()(TypedArray<Array> const& array) const
+    void operator()(TypedArray<Array> const& array) const
     {
-        auto const elements = getReadOnlyElements<Array>(array);
-        return write_cell(array.getDimensions(), elements, to_json<Mode, Nan, Filter>);
+        write_cell(out, array.getDimensions(), getReadOnlyElements<Array>(array), write_element);
     }
 
-    JsonValue operator()(StructArray const& array) const
+    void operator()(StructArray const& array) const
     {
-        return write_struct<Mode>(array, to_json<Mode, Nan, Filter>);
+        write_struct<Mode>(out, array, write_element);
     }
 
-    JsonValue operator()(EnumArray const& array) const
+    void operator()(EnumArray const& array) const
     {
-        auto const elements = getReadOnlyElements<Enumeration>(array);
-        return write_enum(array.getDimensions(), array.getClassName(), elements);
+        write_enum(out, array.getDimensions(), array.getClassName(), getReadOnlyElements<Enumeration>(array));
     }
 
     template <typename T>
-    JsonValue operator()(SparseArray<T> const& array) const
+    void operator()(SparseArray<T> const& array) const
     {
-        return write_sparse(array.getDimensions(), array.getRows(), array.getCols(),
+        write_sparse(out, array.getDimensions(), array.getRows(), array.getCols(),
             Range<TypedIterator, T const>(array.begin(), array.end()), value_maker<T, Nan>());
     }
 
-    JsonValue operator()(ValueObjectArray const& array) const
+    void operator()(ValueObjectArray const& array) const
     {
-        return write_value_objects(array, Filter, to_json<Mode, Nan, Filter>);
+        write_value_objects(out, array, Filter, write_element);
     }
 
-    JsonValue operator()(TypedArray<HandleObjectRef> const& array) const
+    void operator()(TypedArray<HandleObjectRef> const& array) const
     {
-        return write_handles(array, Filter, to_json<Mode, Nan, Filter>);
+        write_handles(out, array, Filter, write_element);
     }
 };
 

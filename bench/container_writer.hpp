@@ -1,5 +1,8 @@
-// The containers written with RapidJSON's Writer, in the shapes our writer gives their arrays.
-#include "rapidjson_writer.hpp"
+// The containers written into the JSON that our writer makes of the same arrays, by any writer with the
+// interface of RapidJSON's Writer: RapidJSON's own, or the hand-written one.
+#pragma once
+
+#include "containers.hpp"
 
 #include <cmath>
 #include <cstddef>
@@ -9,23 +12,26 @@
 #include <variant>
 #include <vector>
 
-namespace zq::bench {
-namespace {
+namespace zq::bench::detail {
 
-void key(JsonWriter& writer, std::string_view name)
+
+template <class Writer>
+void key(Writer& writer, std::string_view name)
 {
-    writer.Key(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+    writer.Key(name.data(), static_cast<unsigned>(name.size()));
 }
 
-void string(JsonWriter& writer, std::string_view text)
+template <class Writer>
+void string(Writer& writer, std::string_view text)
 {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+    writer.String(text.data(), static_cast<unsigned>(text.size()));
 }
 
 // Our serialiser writes a whole double below 2^53 as an integer (8, not 8.0), so this one does too:
 // the two texts then agree on every count and whole number, and only the spelling of the other
 // doubles may differ.
-void number(JsonWriter& writer, double value)
+template <class Writer>
+void number(Writer& writer, double value)
 {
     if (std::abs(value) < 0x1p53 && value == std::trunc(value))
         writer.Int64(static_cast<std::int64_t>(value));
@@ -34,7 +40,7 @@ void number(JsonWriter& writer, double value)
 }
 
 // A char array holds UTF-16 code units, so its size counts those, not the bytes of the UTF-8 text.
-std::size_t utf16_length(std::string_view utf8)
+inline std::size_t utf16_length(std::string_view utf8)
 {
     std::size_t length = 0;
     for (unsigned char const byte : utf8)
@@ -43,8 +49,8 @@ std::size_t utf16_length(std::string_view utf8)
     return length;
 }
 
-template <class WriteData>
-void large_form(JsonWriter& writer, std::size_t rows, std::size_t columns, std::string_view type,
+template <class Writer, class WriteData>
+void large_form(Writer& writer, std::size_t rows, std::size_t columns, std::string_view type,
                 WriteData write_data)
 {
     writer.StartObject();
@@ -60,8 +66,8 @@ void large_form(JsonWriter& writer, std::size_t rows, std::size_t columns, std::
     writer.EndObject();
 }
 
-template <class Values, class WriteElement>
-void list(JsonWriter& writer, Values const& values, WriteElement write_element)
+template <class Writer, class Values, class WriteElement>
+void list(Writer& writer, Values const& values, WriteElement write_element)
 {
     writer.StartArray();
     for (auto const& value : values)
@@ -69,7 +75,8 @@ void list(JsonWriter& writer, Values const& values, WriteElement write_element)
     writer.EndArray();
 }
 
-void double_scalar(JsonWriter& writer, double value)
+template <class Writer>
+void double_scalar(Writer& writer, double value)
 {
     large_form(writer, 1, 1, "double", [&] {
         writer.StartArray();
@@ -78,7 +85,8 @@ void double_scalar(JsonWriter& writer, double value)
     });
 }
 
-void logical_scalar(JsonWriter& writer, bool value)
+template <class Writer>
+void logical_scalar(Writer& writer, bool value)
 {
     large_form(writer, 1, 1, "logical", [&] {
         writer.StartArray();
@@ -87,7 +95,8 @@ void logical_scalar(JsonWriter& writer, bool value)
     });
 }
 
-void int32_scalar(JsonWriter& writer, std::int32_t value)
+template <class Writer>
+void int32_scalar(Writer& writer, std::int32_t value)
 {
     large_form(writer, 1, 1, "int32", [&] {
         writer.StartArray();
@@ -97,7 +106,8 @@ void int32_scalar(JsonWriter& writer, std::int32_t value)
 }
 
 // The empty text is the 0-by-0 char array; any other is one row.
-void char_row(JsonWriter& writer, std::string const& text)
+template <class Writer>
+void char_row(Writer& writer, std::string const& text)
 {
     std::size_t const length = utf16_length(text);
     large_form(writer, length == 0 ? 0 : 1, length, "char", [&] {
@@ -107,14 +117,16 @@ void char_row(JsonWriter& writer, std::string const& text)
     });
 }
 
-void double_column(JsonWriter& writer, std::vector<double> const& values)
+template <class Writer>
+void double_column(Writer& writer, std::vector<double> const& values)
 {
     large_form(writer, values.size(), 1, "double",
                [&] { list(writer, values, [&](double value) { number(writer, value); }); });
 }
 
+template <class Writer>
 struct CellWriter {
-    JsonWriter& writer;
+    Writer& writer;
 
     void operator()(double value) const { double_scalar(writer, value); }
     void operator()(std::string const& text) const { char_row(writer, text); }
@@ -123,8 +135,9 @@ struct CellWriter {
     void operator()(std::int32_t value) const { int32_scalar(writer, value); }
 };
 
+template <class Writer>
 struct LargeWriter {
-    JsonWriter& writer;
+    Writer& writer;
 
     void operator()(Matrix<double> const& matrix) const
     {
@@ -171,22 +184,35 @@ struct LargeWriter {
     void operator()(Cells const& cells) const
     {
         large_form(writer, cells.rows, cells.columns, "cell", [&] {
-            list(writer, cells.values, [&](Cell const& cell) { std::visit(CellWriter{writer}, cell); });
+            list(writer, cells.values,
+                [&](Cell const& cell) { std::visit(CellWriter<Writer>{writer}, cell); });
         });
     }
 };
 
-} // namespace
+} // namespace zq::bench::detail
 
-void write_large(JsonWriter& writer, Containers const& data) { std::visit(LargeWriter{writer}, data); }
+namespace zq::bench {
 
-void write_rows(JsonWriter& writer, Matrix<double> const& matrix)
+/// Writes data as our writer writes its array under ToJsonMode::Large: every array, at every depth, in
+/// the large form, so struct fields and cells hold 1-by-1 arrays and char rows. Writer has the
+/// interface of RapidJSON's Writer.
+template <class Writer>
+void write_large(Writer& writer, Containers const& data)
+{
+    std::visit(detail::LargeWriter<Writer>{writer}, data);
+}
+
+/// Writes matrix as nested arrays, one inner array per row: our writer's ToJsonMode::Small form of a
+/// matrix of at least two rows and two columns.
+template <class Writer>
+void write_rows(Writer& writer, Matrix<double> const& matrix)
 {
     writer.StartArray();
     for (std::size_t r = 0; r < matrix.rows; ++r) {
         writer.StartArray();
         for (std::size_t c = 0; c < matrix.columns; ++c)
-            number(writer, matrix.values[c * matrix.rows + r]);
+            detail::number(writer, matrix.values[c * matrix.rows + r]);
         writer.EndArray();
     }
     writer.EndArray();
