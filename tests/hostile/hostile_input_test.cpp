@@ -117,6 +117,17 @@ static const Case cases[] = {
 INSTANTIATE_TEST_SUITE_P(Texts, HostileInput, testing::ValuesIn(cases),
                          [](testing::TestParamInfo<Case> const& info) { return std::string(info.param.name); });
 
+// Fuzzers' findings. Objects are made before the list is counted against the size, so a size no
+// memory can hold is refused by the allocation, or, where memory is promised lazily, by the count.
+TEST(FuzzFindings, ObjectListWithASizeNoMemoryHolds)
+{
+    std::string const result = outcome(largeForm("shop.Item", "[1,99999,0999999,0002]",
+                                                  R"([{"name":"pen","price":1.5},{"name":"ink","price":4}])"));
+    EXPECT_TRUE(result == tooLarge + "1x99999x999999x2 value object elements: allocating 1599982400016 bytes failed."
+                || result == "foundation::zorbaljson::MismatchedZQSize: Data size does not match \"zqsize\" specified.")
+        << result;
+}
+
 // A caller's tree as deep as the text above: refused at the limit, and freed without recursion.
 TEST(HostileTree, MillionNestedListsAreRefused)
 {
