@@ -117,16 +117,36 @@ static const Case cases[] = {
 INSTANTIATE_TEST_SUITE_P(Texts, HostileInput, testing::ValuesIn(cases),
                          [](testing::TestParamInfo<Case> const& info) { return std::string(info.param.name); });
 
-// Fuzzers' findings. Objects are made before the list is counted against the size, so a size no
-// memory can hold is refused by the allocation, or, where memory is promised lazily, by the count.
-TEST(FuzzFindings, ObjectListWithASizeNoMemoryHolds)
+// Fuzzers' findings: object lists with sizes far beyond their one or two objects. The objects are made
+// before the list is counted against the size, so the size is refused by the allocation where no memory
+// can hold it, or else, where memory is promised lazily, by the count; never by running out of memory.
+struct Finding {
+    char const* name;
+    std::string text;
+    std::string refusedAllocation;
+};
+
+class FuzzFinding : public testing::TestWithParam<Finding> {};
+
+TEST_P(FuzzFinding, EndsInARefusal)
 {
-    std::string const result = outcome(largeForm("shop.Item", "[1,99999,0999999,0002]",
-                                                  R"([{"name":"pen","price":1.5},{"name":"ink","price":4}])"));
-    EXPECT_TRUE(result == tooLarge + "1x99999x999999x2 value object elements: allocating 1599982400016 bytes failed."
+    std::string const result = outcome(GetParam().text);
+    EXPECT_TRUE(result == tooLarge + GetParam().refusedAllocation
                 || result == "foundation::zorbaljson::MismatchedZQSize: Data size does not match \"zqsize\" specified.")
         << result;
 }
+
+static const Finding findings[] = {
+    {"TerabytesOfObjects",
+     largeForm("shop.Item", "[1,99999,0999999,0002]", R"([{"name":"pen","price":1.5},{"name":"ink","price":4}])"),
+     "1x99999x999999x2 value object elements: allocating 1599982400016 bytes failed."},
+    {"GigabytesOfObjects",
+     largeForm("shop.Item", "[2,2444,444444]", "[{\"\xEE" R"(ame":"pen","price":2.5},{"name":"","price":4}])"),
+     "2x2444x444444 value object elements: allocating 17386649472 bytes failed."},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, FuzzFinding, testing::ValuesIn(findings),
+                         [](testing::TestParamInfo<Finding> const& info) { return std::string(info.param.name); });
 
 // A caller's tree as deep as the text above: refused at the limit, and freed without recursion.
 TEST(HostileTree, MillionNestedListsAreRefused)
