@@ -143,6 +143,9 @@ static const Finding findings[] = {
     {"GigabytesOfObjects",
      largeForm("shop.Item", "[2,2444,444444]", "[{\"\xEE" R"(ame":"pen","price":2.5},{"name":"","price":4}])"),
      "2x2444x444444 value object elements: allocating 17386649472 bytes failed."},
+    {"GigabytesOfObjectsFromOneObject",
+     largeForm("Item", "[2,24,0040810055]", std::string("[{\"\xEE" "am") + std::string(7, '\0') + R"(ce":4}])"),
+     "2x24x40810055 value object elements: allocating 15671061120 bytes failed."},
 };
 
 INSTANTIATE_TEST_SUITE_P(Texts, FuzzFinding, testing::ValuesIn(findings),
