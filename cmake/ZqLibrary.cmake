@@ -1,6 +1,9 @@
 # Shared settings of the project's libraries and executables, applied per target.
 
 set(ZQ_WARNINGS -Wall -Wextra -Wpedantic)
+# Clang's extras that GCC's -Wall -Wextra either lacks or spells differently.
+list(APPEND ZQ_WARNINGS $<$<CXX_COMPILER_ID:Clang>:-Wextra-semi -Wcomma -Wloop-analysis -Wunreachable-code
+  -Wimplicit-fallthrough>)
 
 # zq_add_library(<target> OUTPUT_NAME <name> INCLUDE_ROOTS <dir...> HEADERS <h...> SOURCES <s...>)
 # A shared library with a SONAME, hidden symbols, its headers as an installable file set

@@ -14,7 +14,7 @@ namespace zj = foundation::zorbaljson;
 std::vector<std::string> member_names(zd::Array const& array)
 {
     std::vector<std::string> names;
-    for (auto const& element : zd::getReadOnlyElements<zd::Enumeration>(array))
+    for (auto const element : zd::getReadOnlyElements<zd::Enumeration>(array))
         names.push_back(zd::detail::castToString(element));
     return names;
 }

@@ -36,7 +36,7 @@ TEST_P(StringReader, ReadsPresentAndMissingElements)
     ASSERT_EQ(array.getType(), zd::ArrayType::STRING);
     EXPECT_EQ(array.getDimensions(), GetParam().dims);
     std::vector<std::u16string> elements;
-    for (auto const& element : zd::getReadOnlyElements<Element>(array))
+    for (auto const element : zd::getReadOnlyElements<Element>(array))
         elements.push_back(shown(element.value()));
     EXPECT_EQ(elements, GetParam().expected);
 }

@@ -64,7 +64,7 @@ void collect(zd::Array const& array, Nan nan, std::vector<std::uint64_t>& out)
             names.push_back(name.getString());
         std::sort(names.begin(), names.end());
         for (std::string const& name : names)
-            for (auto const& element : zd::getReadOnlyElements<zd::StructElement>(array))
+            for (auto const element : zd::getReadOnlyElements<zd::StructElement>(array))
                 collect(element[name], nan, out);
         return;
     }

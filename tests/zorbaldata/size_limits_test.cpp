@@ -58,8 +58,8 @@ TEST(SizeLimits, OverflowingElementCountIsRefused)
         {[] { return factory.createStructArray({big, big / 2}, {"a", "b"}); },
          "Cannot create an array of 4294967296x2147483648 struct elements with 2 fields" + exceeds},
     };
-    for (auto const& [make, text] : cases)
-        EXPECT_THROW_WHAT(make(), EArrayTooLarge, text);
+    for (auto const& c : cases)
+        EXPECT_THROW_WHAT(c.make(), EArrayTooLarge, c.text);
 }
 
 TEST(SizeLimits, OverflowingByteSizeIsRefused)

@@ -1,0 +1,122 @@
+// Conversions run side by side: each thread with its own factory, one array read by all while each
+// writes its own copy, and the log sink replaced while other threads write lines. Run under the tsan
+// preset, a data race in any of these fails the test.
+#include <foundation/zorbaldata.hpp>
+#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
+#include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
+#include <foundation/zorbaljson/detail/json_frontend_logger.hpp>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace zd = foundation::zorbaldata;
+namespace zj = foundation::zorbaljson;
+using Logger = zj::detail::JSONFrontendLogger;
+
+namespace {
+
+constexpr int threadCount = 8;
+constexpr int rounds = 50;
+
+std::string write(zd::Array const& array)
+{
+    return zd::json::zorbaldata_to_string(array, zj::ToJsonMode::Large, zj::NanType::String,
+                                          zd::ObjectFilter::AllowAll);
+}
+
+// Starts threadCount threads running body(index) and waits for all of them.
+template <typename Body>
+void onThreads(Body body)
+{
+    std::vector<std::thread> threads;
+    for (int t = 0; t < threadCount; ++t)
+        threads.emplace_back(body, t);
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+// Documents of different kinds, so the threads pass through different readers and writers at once.
+std::array<std::string, threadCount> const documents = {
+    R"({"zqtype":"shop.Item","zqsize":[1,2],"zqdata":[{"name":"pen","price":1.5},{"name":"ink","price":4}]})",
+    R"({"name":"Ada","born":1815,"scores":[[90,85,77]]})",
+    R"([[1,2,3],[4,5,6]])",
+    R"({"zqtype":"cell","zqsize":[1,3],"zqdata":[1.5,"text",[true,false]]})",
+    R"({"zqtype":"double","zqsize":[3,2],"zqsparse":true,"zqdata":[[0,2],[1,1],[7,8]]})",
+    R"("h\u00e9llo")",
+    R"({"zqtype":"int8","zqsize":[2,2],"zqdata":[1,-2,3,-4]})",
+    R"([[true,false],[false,true]])",
+};
+
+} // namespace
+
+TEST(Concurrency, ThreadsConvertDifferentDocumentsWithTheirOwnFactories)
+{
+    // The texts written alone are what every thread must write while the others run.
+    std::array<std::string, threadCount> expected;
+    for (int t = 0; t < threadCount; ++t) {
+        zd::ArrayFactory factory;
+        expected[t] = write(zd::json::string_to_zorbaldata(documents[t], factory));
+    }
+    std::array<int, threadCount> mismatches{};
+    onThreads([&](int t) {
+        zd::ArrayFactory factory;
+        for (int r = 0; r < rounds; ++r)
+            if (write(zd::json::string_to_zorbaldata(documents[t], factory)) != expected[t])
+                ++mismatches[t];
+    });
+    for (int t = 0; t < threadCount; ++t)
+        EXPECT_EQ(mismatches[t], 0) << documents[t];
+}
+
+TEST(Concurrency, ThreadsReadOneArrayWhileEachWritesItsOwnCopy)
+{
+    zd::ArrayFactory const factory;
+    zd::TypedArray<double> const shared = factory.createArray<double>({1, 4}, {1, 2, 3, 4});
+    std::string const written = write(shared);
+    std::array<int, threadCount> mismatches{};
+    onThreads([&](int t) {
+        for (int r = 0; r < rounds; ++r) {
+            zd::TypedArray<double> copy = shared;
+            copy[0] = t + r;
+            if (copy[0] != t + r || shared[0] != 1 || write(shared) != written)
+                ++mismatches[t];
+        }
+    });
+    for (int t = 0; t < threadCount; ++t)
+        EXPECT_EQ(mismatches[t], 0) << "thread " << t;
+    EXPECT_EQ(write(shared), written);
+}
+
+TEST(Concurrency, SinkIsReplacedWhileOtherThreadsLog)
+{
+    std::string const document = documents[0];
+    std::atomic<std::size_t> lines{0};
+    Logger::Sink const counting = [&lines](std::string_view) { lines.fetch_add(1, std::memory_order_relaxed); };
+    Logger::Sink const previous = Logger::set_sink(counting);
+    {
+        zd::ArrayFactory factory;
+        zd::json::string_to_zorbaldata(document, factory);
+    }
+    std::size_t const linesPerRead = lines.exchange(0);
+    ASSERT_GT(linesPerRead, 0U);
+    onThreads([&](int t) {
+        zd::ArrayFactory factory;
+        for (int r = 0; r < rounds; ++r) {
+            // Half the threads swap sinks between the counting one and none; the rest read an object
+            // document, whose reader writes lines for its class.
+            if (t % 2 == 0)
+                Logger::set_sink(r % 2 == 0 ? Logger::Sink{} : counting);
+            else
+                EXPECT_EQ(zd::json::string_to_zorbaldata(document, factory).getNumberOfElements(), 2U);
+        }
+    });
+    Logger::set_sink(previous);
+    EXPECT_LE(lines.load(), threadCount / 2 * rounds * linesPerRead);
+}

@@ -1,0 +1,168 @@
+// Texts built to exhaust time or memory read through the public entry point: each ends in its array or
+// its exception, with nothing left behind (the asan preset checks leaks), and the fuzzers' findings are
+// kept here so they stay fixed.
+#include <foundation/zorbaldata.hpp>
+#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
+#include <foundation/zorbaldata/json/string_to_zorbaldata.hpp>
+#include <frontend/detail/parse_error.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cxxabi.h>
+
+#include <cstdlib>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <string>
+#include <typeinfo>
+#include <utility>
+
+#include "expect_throw.hpp"
+
+namespace fj = foundation::json;
+namespace zd = foundation::zorbaldata;
+
+namespace {
+
+struct Case {
+    char const* name;
+    std::function<std::string()> text;
+    // shape() of the array, else "<exception class>: <what()>".
+    std::string outcome;
+};
+
+std::string className(std::type_info const& type)
+{
+    int status = 0;
+    std::unique_ptr<char, void (*)(void*)> const name(
+        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), std::free);
+    return status == 0 ? name.get() : type.name();
+}
+
+std::string shape(std::string const& dimensions, zd::ArrayType type)
+{
+    return dimensions + " of type " + std::to_string(static_cast<int>(type));
+}
+
+std::string outcome(std::string const& text)
+{
+    zd::ArrayFactory factory;
+    try {
+        zd::Array const array = zd::json::string_to_zorbaldata(text, factory);
+        std::string dimensions;
+        for (unsigned long extent : array.getDimensions())
+            dimensions += (dimensions.empty() ? "" : "x") + std::to_string(extent);
+        return shape(dimensions, array.getType());
+    } catch (std::exception const& e) {
+        return className(typeid(e)) + ": " + e.what();
+    }
+}
+
+std::string repeat(std::string const& part, std::size_t times)
+{
+    std::string text;
+    text.reserve(part.size() * times);
+    for (std::size_t i = 0; i < times; ++i)
+        text += part;
+    return text;
+}
+
+std::string largeForm(std::string const& type, std::string const& size, std::string const& data)
+{
+    return R"({"zqtype":")" + type + R"(","zqsize":)" + size + R"(,"zqdata":)" + data + "}";
+}
+
+class HostileInput : public testing::TestWithParam<Case> {};
+
+TEST_P(HostileInput, EndsInItsArrayOrItsException)
+{
+    EXPECT_EQ(outcome(GetParam().text()), GetParam().outcome);
+}
+
+std::string const tooLarge = "foundation::zorbaldata::EArrayTooLarge: Cannot create an array of ";
+std::string const tooDeep = "foundation::json::ParserException: JSON ParserException (E0021): Arrays and objects nested "
+                            "too deeply (Line 1, Column ";
+
+static const Case cases[] = {
+    {"String100MB", [] { return '"' + std::string(100UL << 20, 'a') + '"'; }, shape("1x104857600", zd::ArrayType::CHAR)},
+    {"ArraysMillionDeep", [] { return repeat("[", 1'000'000) + repeat("]", 1'000'000); },
+     tooDeep + "1000)\n\t" + std::string(160, '[') + "\n\t" + std::string(80, ' ') + "^"},
+    {"ObjectsMillionDeep", [] { return repeat(R"({"a":)", 1'000'000) + "1" + repeat("}", 1'000'000); },
+     tooDeep + "5000)\n\t" + repeat(R"({"a":)", 32) + "\n\t" + std::string(80, ' ') + "^"},
+    {"SizeOf2To64Elements", [] { return largeForm("double", "[4294967296,4294967296]", "[1]"); },
+     tooLarge + "4294967296x4294967296 double elements: its number of elements exceeds 18446744073709551615."},
+    {"SizeOf2To63Bytes", [] { return largeForm("double", "[1073741824,1073741824]", "[1]"); },
+     tooLarge + "1073741824x1073741824 double elements: 1152921504606846976 elements of 8 bytes exceed the "
+                "largest possible allocation."},
+    // The one-element list is counted against the size before any cell is made.
+    {"Size16GiBOfCells", [] { return largeForm("cell", "[1,2147483648]", "[1]"); },
+     "foundation::zorbaljson::MismatchedZQSize: Data size does not match \"zqsize\" specified."},
+    {"TenMillionBytes", [] { return largeForm("uint8", "[1,10000000]", "[" + repeat("1,", 9'999'999) + "1]"); },
+     shape("1x10000000", zd::ArrayType::UINT8)},
+    {"Number100000Digits", [] { return std::string(100'000, '7'); }, shape("1x1", zd::ArrayType::DOUBLE)},
+    // The array library refuses a field name this long and does not say which.
+    {"Key10MB", [] { return R"({")" + std::string(10UL << 20, 'k') + R"(":1})"; },
+     "foundation::zorbaljson::InvalidFieldName: Invalid field name \"\" specified."},
+    // An empty heterogeneous list makes the array of its size with elements as the factory made them;
+    // 72 bytes of text stand for 7.1 million objects.
+    {"EmptyHeterogeneousList",
+     [] { return largeForm("zorbal.mixin.Heterogeneous", "[3555555,2]", "[]"); },
+     shape("3555555x2", zd::ArrayType::VALUE_OBJECT)},
+    {"EmptyHeterogeneousListBeyondCounting",
+     [] { return largeForm("zorbal.mixin.Heterogeneous", "[4294967296,4294967296]", "[]"); },
+     tooLarge + "4294967296x4294967296 value object elements: its number of elements exceeds 18446744073709551615."},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, HostileInput, testing::ValuesIn(cases),
+                         [](testing::TestParamInfo<Case> const& info) { return std::string(info.param.name); });
+
+// Fuzzers' findings: object lists with sizes far beyond their one or two objects. The objects are made
+// before the list is counted against the size, so the size is refused by the allocation where no memory
+// can hold it, or else, where memory is promised lazily, by the count; never by running out of memory.
+struct Finding {
+    char const* name;
+    std::string text;
+    std::string refusedAllocation;
+};
+
+class FuzzFinding : public testing::TestWithParam<Finding> {};
+
+TEST_P(FuzzFinding, EndsInARefusal)
+{
+    std::string const result = outcome(GetParam().text);
+    EXPECT_TRUE(result == tooLarge + GetParam().refusedAllocation
+                || result == "foundation::zorbaljson::MismatchedZQSize: Data size does not match \"zqsize\" specified.")
+        << result;
+}
+
+static const Finding findings[] = {
+    {"TerabytesOfObjects",
+     largeForm("shop.Item", "[1,99999,0999999,0002]", R"([{"name":"pen","price":1.5},{"name":"ink","price":4}])"),
+     "1x99999x999999x2 value object elements: allocating 1599982400016 bytes failed."},
+    {"GigabytesOfObjects",
+     largeForm("shop.Item", "[2,2444,444444]", "[{\"\xEE" R"(ame":"pen","price":2.5},{"name":"","price":4}])"),
+     "2x2444x444444 value object elements: allocating 17386649472 bytes failed."},
+    {"GigabytesOfObjectsFromOneObject",
+     largeForm("Item", "[2,24,0040810055]", std::string("[{\"\xEE" "am") + std::string(7, '\0') + R"(ce":4}])"),
+     "2x24x40810055 value object elements: allocating 15671061120 bytes failed."},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, FuzzFinding, testing::ValuesIn(findings),
+                         [](testing::TestParamInfo<Finding> const& info) { return std::string(info.param.name); });
+
+// A caller's tree as deep as the text above: refused at the limit, and freed without recursion.
+TEST(HostileTree, MillionNestedListsAreRefused)
+{
+    fj::Value value(1.0);
+    for (int i = 0; i < 1'000'000; ++i) {
+        fj::Array list;
+        list.push_back(std::move(value));
+        value = fj::Value(std::move(list));
+    }
+    zd::ArrayFactory factory;
+    EXPECT_THROW_WHAT(zd::json::json_to_zorbaldata(value, factory), foundation::zorbaljson::NestingTooDeep,
+                      "JSON nested deeper than 1000 levels cannot be read");
+}
+
+} // namespace
