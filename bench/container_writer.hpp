@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -124,6 +125,22 @@ void double_column(Writer& writer, std::vector<double> const& values)
                [&] { list(writer, values, [&](double value) { number(writer, value); }); });
 }
 
+// The list of field values of a 1-by-1 struct holds one value.
+template <class Writer, class Write>
+void one(Writer& writer, Write const& write)
+{
+    writer.StartArray();
+    write();
+    writer.EndArray();
+}
+
+template <class Writer>
+void double_matrix(Writer& writer, Matrix<double> const& matrix)
+{
+    large_form(writer, matrix.rows, matrix.columns, "double",
+               [&] { list(writer, matrix.values, [&](double value) { number(writer, value); }); });
+}
+
 template <class Writer>
 struct CellWriter {
     Writer& writer;
@@ -133,17 +150,30 @@ struct CellWriter {
     void operator()(bool value) const { logical_scalar(writer, value); }
     void operator()(std::vector<double> const& column) const { double_column(writer, column); }
     void operator()(std::int32_t value) const { int32_scalar(writer, value); }
+    void operator()(Matrix<double> const& matrix) const { double_matrix(writer, matrix); }
+
+    // A JSON object reads as a 1-by-1 struct: each field a list of one value, the fields in byte order
+    // of their names.
+    void operator()(Item const& item) const
+    {
+        large_form(writer, 1, 1, "struct", [&] {
+            writer.StartObject();
+            key(writer, "label");
+            one(writer, [&] { char_row(writer, item.label); });
+            key(writer, "score");
+            one(writer, [&] { double_scalar(writer, item.score); });
+            key(writer, "values");
+            one(writer, [&] { double_column(writer, item.values); });
+            writer.EndObject();
+        });
+    }
 };
 
 template <class Writer>
 struct LargeWriter {
     Writer& writer;
 
-    void operator()(Matrix<double> const& matrix) const
-    {
-        large_form(writer, matrix.rows, matrix.columns, "double",
-                   [&] { list(writer, matrix.values, [&](double value) { number(writer, value); }); });
-    }
+    void operator()(Matrix<double> const& matrix) const { double_matrix(writer, matrix); }
 
     void operator()(Matrix<std::int64_t> const& matrix) const
     {
@@ -154,7 +184,16 @@ struct LargeWriter {
     void operator()(Strings const& strings) const
     {
         large_form(writer, strings.rows, strings.columns, "string", [&] {
-            list(writer, strings.values, [&](std::string const& text) { string(writer, text); });
+            list(writer, strings.values, [&](std::optional<std::string> const& text) {
+                if (text) {
+                    string(writer, *text);
+                    return;
+                }
+                writer.StartObject();
+                key(writer, "zqdata");
+                string(writer, "missing");
+                writer.EndObject();
+            });
         });
     }
 
@@ -173,8 +212,8 @@ struct LargeWriter {
             list(writer, records.ok, [&](bool value) { logical_scalar(writer, value); });
             key(writer, "tag");
             list(writer, records.tag, texts);
-            key(writer, "x");
-            list(writer, records.x, doubles);
+            key(writer, "text");
+            list(writer, records.text, texts);
             key(writer, "y");
             list(writer, records.y, doubles);
             writer.EndObject();

@@ -1,9 +1,11 @@
-// The plain C++ containers that a hand-written RapidJSON reader fills from the benchmark documents,
-// and that a hand-written RapidJSON writer writes back: what a program without our arrays would use.
+// The plain C++ containers that the hand-written RapidJSON and simdjson readers fill from the benchmark
+// documents, and that a hand-written RapidJSON writer writes back: what a program without our arrays
+// would use.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -18,11 +20,11 @@ struct Matrix {
     std::vector<Number> values;
 };
 
-/// A rows x columns string array; the strings in UTF-8.
+/// A rows x columns string array; the strings in UTF-8, a missing element empty.
 struct Strings {
     std::size_t rows = 0;
     std::size_t columns = 0;
-    std::vector<std::string> values;
+    std::vector<std::optional<std::string>> values;
 };
 
 /// The count-by-1 struct array of the six fields of large_form_struct, one vector per field.
@@ -31,12 +33,20 @@ struct Records {
     std::vector<std::string> name;
     std::vector<bool> ok;
     std::vector<std::string> tag;
-    std::vector<double> x;
+    std::vector<std::string> text;
     std::vector<double> y;
 };
 
-/// One cell of large_form_cell: a number, a text, a boolean, a column of numbers or an int32 scalar.
-using Cell = std::variant<double, std::string, bool, std::vector<double>, std::int32_t>;
+/// The object in a cell of large_form_cell, which reads as a 1-by-1 struct.
+struct Item {
+    std::string label;
+    double score = 0;
+    std::vector<double> values;
+};
+
+/// One cell of large_form_cell: a number, a text, a boolean, a column of numbers, an int32 scalar, a
+/// matrix or an object.
+using Cell = std::variant<double, std::string, bool, std::vector<double>, std::int32_t, Matrix<double>, Item>;
 
 /// A rows x columns cell array.
 struct Cells {

@@ -69,6 +69,25 @@ void append_short_string(std::string& out, Bits& bits)
     out += '"';
 }
 
+// Text of min_length to max_length characters: mostly letters, digits and spaces, with now and
+// then an escape (a quote, a backslash, a line break or a \u escape) or a character of two, three or
+// four UTF-8 bytes, so every path of string decoding is taken.
+void append_text(std::string& out, Bits& bits, std::uint64_t min_length, std::uint64_t max_length)
+{
+    static constexpr std::string_view alphabet = "abcdefghijklmnopqrstuvwxyz0123456789 ";
+    static constexpr std::array<std::string_view, 8> specials = {
+        "\\\"", "\\\\", "\\n", "\\u00fc", "\xC3\xA9", "\xC3\x9F", "\xE2\x82\xAC", "\xF0\x9F\x99\x82"};
+    out += '"';
+    auto const length = min_length + bits.below(max_length - min_length + 1);
+    for (std::uint64_t i = 0; i < length; ++i) {
+        if (bits.below(16) == 0)
+            out += specials[bits.below(specials.size())];
+        else
+            out += alphabet[bits.below(alphabet.size())];
+    }
+    out += '"';
+}
+
 // Settings take few digits; measurements all of them.
 double quarter_step(Bits& bits)
 {
@@ -167,14 +186,19 @@ std::string records(std::size_t count)
 std::string large_form_strings(std::size_t count)
 {
     Bits bits(4);
-    return large_form(count, "string", 12, [&](std::string& out) { append_short_string(out, bits); });
+    return large_form(count, "string", 20, [&](std::string& out) {
+        if (bits.below(20) == 0)
+            out += "{\"zqdata\":\"missing\"}";
+        else
+            append_text(out, bits, 4, 24);
+    });
 }
 
 std::string large_form_struct(std::size_t count)
 {
     Bits bits(6);
     std::string out;
-    out.reserve(count * 64 + 128);
+    out.reserve(count * 300 + 128);
     // The fields in byte order of their names, as the writers emit them.
     out += "{\"zqdata\":{\"id\":";
     append_list(out, count, [](std::string& o, std::size_t i) { append_number(o, i + 1); });
@@ -188,8 +212,8 @@ std::string large_form_struct(std::size_t count)
         append_number(o, bits.below(8));
         o += '"';
     });
-    out += ",\"x\":";
-    append_list(out, count, [&](std::string& o, std::size_t) { append_number(o, quarter_step(bits)); });
+    out += ",\"text\":";
+    append_list(out, count, [&](std::string& o, std::size_t) { append_text(o, bits, 100, 340); });
     out += ",\"y\":";
     append_list(out, count, [&](std::string& o, std::size_t) { append_number(o, measurement(bits)); });
     out += "},\"zqsize\":[";
@@ -201,28 +225,33 @@ std::string large_form_struct(std::size_t count)
 std::string large_form_cell(std::size_t count)
 {
     Bits bits(7);
-    std::string out;
-    out.reserve(count * 24 + 64);
-    out += "{\"zqdata\":";
-    append_list(out, count, [&](std::string& o, std::size_t i) {
-        switch (i % 5) {
+    auto const measurements = [&](std::string& o, std::size_t) { append_number(o, measurement(bits)); };
+    return large_form(count, "cell", 120, [&, i = std::size_t{0}](std::string& o) mutable {
+        switch (i++ % 8) {
         case 0: append_number(o, measurement(bits)); break;
-        case 1: append_short_string(o, bits); break;
+        case 1: append_text(o, bits, 20, 60); break;
         case 2: o += (bits.next() & 1) ? "true" : "false"; break;
         case 3:
             append_list(o, 3, [&](std::string& row, std::size_t) { append_number(row, quarter_step(bits)); });
             break;
-        default:
+        case 4:
             o += "{\"zqdata\":[";
             append_number(o, static_cast<std::int32_t>(bits.next()) >> bits.below(32));
             o += "],\"zqsize\":[1,1],\"zqtype\":\"int32\"}";
             break;
+        case 5:
+            o += "{\"label\":";
+            append_short_string(o, bits);
+            o += ",\"score\":";
+            append_number(o, measurement(bits));
+            o += ",\"values\":";
+            append_list(o, 8, measurements);
+            o += '}';
+            break;
+        case 6: append_list(o, 3, [&](std::string& rows, std::size_t) { append_list(rows, 4, measurements); }); break;
+        default: append_text(o, bits, 100, 340); break;
         }
     });
-    out += ",\"zqsize\":[1,";
-    append_number(out, count);
-    out += "],\"zqtype\":\"cell\"}";
-    return out;
 }
 
 std::string const& document(DocumentId id)

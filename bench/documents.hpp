@@ -24,15 +24,18 @@ std::string short_strings(std::size_t count);
 /// An array of count objects of six members: id, name, x, y, ok and tag.
 std::string records(std::size_t count);
 
-/// A large-form string array of count elements, the strings those of short_strings(count).
+/// A large-form string array of count elements: texts of 4 to 24 characters, some escaped, some
+/// beyond ASCII, and one element in twenty the missing-string object.
 std::string large_form_strings(std::size_t count);
 
-/// A large-form count-by-1 struct array of the fields id, name, ok, tag, x and y, every field value
-/// in its small form: a number, a string or a boolean.
+/// A large-form count-by-1 struct array of the fields id, name, ok, tag, text and y, every field
+/// value in its small form: a whole number, a short string, a boolean, a label, a text of 100 to 340
+/// characters with escapes and non-ASCII characters, and a number with all its digits.
 std::string large_form_struct(std::size_t count);
 
-/// A large-form 1-by-count cell array whose elements cycle through a number, a short string, a
-/// boolean, a flat array of three numbers and a large-form int32 scalar.
+/// A large-form 1-by-count cell array whose elements cycle through a number, a text, a boolean, a
+/// flat array of three numbers, a large-form int32 scalar, an object of a label, a score and eight
+/// values, a 3 x 4 matrix as nested rows and a long text.
 std::string large_form_cell(std::size_t count);
 
 /// The documents the suite measures, by the name that ends each benchmark's name.

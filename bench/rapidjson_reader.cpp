@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -129,7 +130,14 @@ Strings large_strings(Json const& root)
 {
     LargeForm const form = large_form(root, "string");
     Strings strings{form.rows, form.columns, {}};
-    fill(strings.values, elements(form), utf8);
+    fill(strings.values, elements(form), [](Json const& value) -> std::optional<std::string> {
+        if (value.IsString())
+            return utf8(value);
+        require(value.IsObject() && value.MemberCount() == 1 && member(value, "zqdata").IsString()
+                    && view(member(value, "zqdata")) == "missing",
+                "A string or a missing element was expected");
+        return std::nullopt;
+    });
     return strings;
 }
 
@@ -144,7 +152,7 @@ Records large_struct(Json const& root)
     fill(records.name, field("name"), utf8);
     fill(records.ok, field("ok"), boolean);
     fill(records.tag, field("tag"), utf8);
-    fill(records.x, field("x"), number);
+    fill(records.text, field("text"), utf8);
     fill(records.y, field("y"), number);
     return records;
 }
@@ -157,11 +165,21 @@ Cell cell(Json const& value)
     case rapidjson::kFalseType:
     case rapidjson::kTrueType: return Cell(std::in_place_type<bool>, value.GetBool());
     case rapidjson::kArrayType: {
+        if (!value.Empty() && value[0].IsArray())
+            return Cell(nested_rows(value));
         std::vector<double> column;
         fill(column, value.GetArray(), number);
         return Cell(std::move(column));
     }
     case rapidjson::kObjectType: {
+        if (!value.HasMember("zqtype")) {
+            require(value.MemberCount() == 3, "An object of three members was expected");
+            Item item{utf8(member(value, "label")), number(member(value, "score")), {}};
+            Json const& values = member(value, "values");
+            require(values.IsArray(), "An array of values was expected");
+            fill(item.values, values.GetArray(), number);
+            return Cell(std::move(item));
+        }
         LargeForm const form = large_form(value, "int32");
         require(form.rows == 1 && form.columns == 1, "An int32 scalar was expected");
         Json const& element = *elements(form).Begin();
