@@ -59,12 +59,12 @@ std::size_t walked(Array const& array, int depth)
     std::size_t total = frame;
     switch (array.getType()) {
     case STRING:
-        for (auto const& text : getReadOnlyElements<zorbal::data::optional<std::u16string>>(
+        for (auto const text : getReadOnlyElements<zorbal::data::optional<std::u16string>>(
                  TypedArray<zorbal::data::optional<std::u16string>>(array)))
             total = add(total, text.has_value() ? text.view().size() + 3 : 20);
         return total;
     case CELL:
-        for (Array const& element : getReadOnlyElements<Array>(TypedArray<Array>(array)))
+        for (Array const element : getReadOnlyElements<Array>(TypedArray<Array>(array)))
             total = add(total, estimate(element, depth + 1) + 1);
         return total;
     default:

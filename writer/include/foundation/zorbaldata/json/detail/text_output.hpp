@@ -106,7 +106,11 @@ private:
         return text_.data() + used_;
     }
     void grow(std::size_t n);
-    void put(char c) { *room(1) = c, ++used_; }
+    void put(char c)
+    {
+        *room(1) = c;
+        ++used_;
+    }
     void put(char const* bytes, std::size_t n)
     {
         std::char_traits<char>::copy(room(n), bytes, n);
