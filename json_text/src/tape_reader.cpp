@@ -129,6 +129,8 @@ public:
         auto const bytes = static_cast<std::size_t>(end - p);
         tape_.slots_.reserve(std::min(bytes / 8 + 1, most_reserved));
         tape_.numbers_.reserve(std::min(bytes / 4 + 1, most_reserved));
+        // Unescaped strings never take more bytes than their text, so the buffer of strings never grows.
+        tape_.text_.reserve(std::min(bytes, most_reserved * 16));
     }
 
     ParseResult value(char const*& p, unsigned depth);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -70,6 +71,36 @@ TEST(StringArray, TextFromAViewOutlivesItsBuffer)
     EXPECT_EQ(copy[0].view(), u"a longer text than fits in a small string");
     EXPECT_EQ(strings[0].view(), u"overwritten");
     EXPECT_FALSE(copy[1].has_value());
+}
+
+// Arrays filled in order keep their strings together; every copy must still see them after the array
+// that made them is gone, whichever copy writes next and whatever is overwritten.
+TEST(StringArray, StringsOfAnArrayFilledInOrderOutliveItInItsCopies)
+{
+    auto const text = [](unsigned long i) {
+        return std::u16string(i % 50, u'x') + u"\u00e9" + std::u16string(1, char16_t(u'0' + i % 10));
+    };
+    std::u16string const huge(200000, u'h');
+    auto original = std::make_unique<TypedArray<OptionalText>>(factory.createArray<OptionalText>({1, 64}));
+    auto const range = getWritableElements<OptionalText>(*original);
+    unsigned long i = 0;
+    for (auto it = range.begin(); i < 40; it.increment(), ++i)
+        it.getRef().setText(i == 7 ? std::u16string_view(huge) : std::u16string_view(text(i)));
+    TypedArray<OptionalText> copy = *original;
+    copy[40] = OptionalText(u"after the copy");
+    (*original)[41] = OptionalText(u"only in the original");
+    TypedArray<OptionalText> const second = copy;
+    original.reset();
+    for (int round = 0; round < 3; ++round)
+        copy[0] = OptionalText(u"overwritten " + std::u16string(1, char16_t(u'0' + round)));
+    copy[7] = OptionalText();
+    for (i = 1; i < 40; ++i)
+        EXPECT_EQ(second[i].view(), i == 7 ? std::u16string_view(huge) : std::u16string_view(text(i))) << i;
+    EXPECT_EQ(second[0].view(), text(0));
+    EXPECT_EQ(copy[0].view(), u"overwritten 2");
+    EXPECT_FALSE(copy[7].has_value());
+    EXPECT_EQ(second[40].view(), u"after the copy");
+    EXPECT_FALSE(second[41].has_value());
 }
 
 TEST(StringArray, EqualityTellsMissingFromEmpty)

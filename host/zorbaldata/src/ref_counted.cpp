@@ -7,10 +7,15 @@ RefCounted::~RefCounted() = default;
 
 void RefCounted::destroy(RefCounted const* object) noexcept
 {
-    // While this thread destroys an object, the objects it lets go wait and are destroyed after it. They
+    // While this thread destroys an object, the objects it lets go wait and are destroyed after it (those
+    // that release nothing cannot nest, so they go at once). They
     // wait in a list chained through their counts, which nothing reads once they reach zero: the list
     // needs no memory and no thread-exit destructor, so static arrays freed at exit find it intact.
     static_assert(sizeof(long) >= sizeof(RefCounted const*));
+    if (!object->releasesOthers()) {
+        delete object;
+        return;
+    }
     thread_local RefCounted const* waiting = nullptr;
     thread_local bool destroying = false;
     if (destroying) {

@@ -22,18 +22,39 @@ StringArrayImpl::StringArrayImpl(Dimensions dimensions)
 }
 
 StringArrayImpl::StringArrayImpl(StringArrayImpl const& other)
-    : ArrayImpl(other), slots_(other.slots_, [this] { return fz::detail::arrayText(type(), dimensions()); })
+    : ArrayImpl(other),
+      arena_(other.arena_ ? std::make_shared<StringArena>(other.arena_) : nullptr),
+      slots_(other.slots_, [this] { return fz::detail::arrayText(type(), dimensions()); })
 {
 }
 
-StringRecord* StringRecord::make(std::u16string_view text)
+void StringArrayImpl::storeText(unsigned long index, std::u16string_view text)
+{
+    StringArena* arena = nullptr;
+    if (index >= slots_.extent() && count() >= fewest_for_arena) {
+        if (!arena_)
+            arena_ = std::make_shared<StringArena>();
+        arena = arena_.get();
+    }
+    slots_.store(index, StringRecord::make(text, arena));
+}
+
+StringRecord* StringRecord::make(std::u16string_view text, StringArena* arena)
 {
     constexpr std::size_t header = sizeof(StringRecord) / sizeof(char16_t);
     static_assert(sizeof(StringRecord) % sizeof(char16_t) == 0);
-    void* const block = fz::detail::allocateUninitialized(header + text.size(), sizeof(char16_t),
-        [&] { return "a string of " + std::to_string(text.size()) + " code units"; });
+    void* block = nullptr;
+    // A text too long for the size of a block in bytes is left to the allocation below, which refuses it.
+    if (arena && text.size() < StringArena::largest_block)
+        block = arena->allocate((header + text.size()) * sizeof(char16_t));
+    bool const inArena = block != nullptr;
+    if (!inArena)
+        block = fz::detail::allocateUninitialized(header + text.size(), sizeof(char16_t),
+            [&] { return "a string of " + std::to_string(text.size()) + " code units"; });
     auto* const record = new (block) StringRecord(text.size());
     std::copy(text.begin(), text.end(), record->units());
+    if (inArena)
+        record->makeImmortal();
     return record;
 }
 
@@ -92,13 +113,15 @@ zorbal::data::optional<std::u16string> Reference<zorbal::data::optional<std::u16
 void Reference<zorbal::data::optional<std::u16string>>::set(zorbal::data::optional<std::u16string> text) const
 {
     auto* strings = static_cast<zorbal::data::detail::StringArrayImpl*>(impl_.owner);
-    strings->store(impl_.index, text ? zorbal::data::detail::StringRecord::make(*text) : nullptr);
+    if (text)
+        strings->storeText(impl_.index, *text);
+    else
+        strings->storeMissing(impl_.index);
 }
 
 void Reference<zorbal::data::optional<std::u16string>>::setText(std::u16string_view text) const
 {
-    auto* strings = static_cast<zorbal::data::detail::StringArrayImpl*>(impl_.owner);
-    strings->store(impl_.index, zorbal::data::detail::StringRecord::make(text));
+    static_cast<zorbal::data::detail::StringArrayImpl*>(impl_.owner)->storeText(impl_.index, text);
 }
 
 } // namespace foundation::zorbaldata

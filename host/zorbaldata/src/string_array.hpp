@@ -3,20 +3,25 @@
 
 #include "array_impl.hpp"
 #include "slot_vector.hpp"
+#include "string_arena.hpp"
 
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 
 namespace zorbal::data::detail {
 
 /// One present string; a missing element is a null slot. Strings never change once made, so copies of
-/// a string array share them. The code units follow the record in its one block of memory.
+/// a string array share them. The code units follow the record in its one block of memory. A record
+/// made in an arena is never freed by itself: the arena frees it, after every array that holds it.
 class StringRecord final : public RefCounted {
 public:
+    /// A record of text in room from arena when it has some, else in a block of its own.
     /// @throws foundation::zorbaldata::EArrayTooLarge when the block cannot be had.
-    static StringRecord* make(std::u16string_view text);
+    static StringRecord* make(std::u16string_view text, StringArena* arena = nullptr);
 
     std::u16string_view text() const noexcept { return {units(), length_}; }
+    bool releasesOthers() const noexcept override { return false; }
 
     // The block was had from malloc, for the record and its units together.
     static void operator delete(void* block) noexcept { std::free(block); }
@@ -40,11 +45,20 @@ public:
 
     /// The string at index, null when it is missing.
     StringRecord const* at(unsigned long index) const noexcept { return static_cast<StringRecord const*>(slots_.at(index)); }
-    void store(unsigned long index, StringRecord* adopted) noexcept { slots_.store(index, adopted); }
+    /// Makes the element at index missing.
+    void storeMissing(unsigned long index) noexcept { slots_.store(index, nullptr); }
+    /// Puts text at index. @throws foundation::zorbaldata::EArrayTooLarge when it cannot be had.
+    void storeText(unsigned long index, std::u16string_view text);
 
     bool sameContent(ArrayImpl const& other) const override;
 
 private:
+    // Arrays filled in order, as readers fill them, take the room of their strings from the arena: a
+    // slot past every slot written before is written for the first time, so the arena never holds more
+    // than one string for each element. Strings that replace others have blocks of their own.
+    static constexpr unsigned long fewest_for_arena = 8;
+
+    std::shared_ptr<StringArena> arena_;
     SlotVector slots_;
 };
 

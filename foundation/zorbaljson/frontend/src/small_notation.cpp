@@ -88,6 +88,9 @@ void check_nested_shape(JsonNode array, std::vector<unsigned long>::const_iterat
     std::vector<unsigned long>::const_iterator sizes_end)
 {
     bool const leaves = size == sizes_end;
+    // A packed array holds numbers only, so none of its elements is nested.
+    if (leaves && array.packed_form() != 0)
+        return;
     for (ElementCursor cursor = array.begin(); cursor != array.end(); ++cursor) {
         JsonNode const element = *cursor;
         bool const nested = element.is(json_kind::array);

@@ -33,7 +33,17 @@ protected:
     RefCounted() noexcept = default;
     virtual ~RefCounted();
 
+    /// Makes the count so large that no release brings it to zero: for objects whose memory belongs to
+    /// a block that is freed as a whole, by an owner that outlives every reference to them.
+    void makeImmortal() noexcept { count_.store(immortal, std::memory_order_relaxed); }
+
+    /// Whether the destructor releases other objects. Those that release none are destroyed at once even
+    /// inside another destruction, as they cannot nest; the others wait their turn.
+    virtual bool releasesOthers() const noexcept { return true; }
+
 private:
+    static constexpr long immortal = 1L << 62;
+
     static void destroy(RefCounted const* object) noexcept;
 
     mutable std::atomic<long> count_{1};
