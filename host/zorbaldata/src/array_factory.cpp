@@ -64,7 +64,7 @@ Array ArrayFactory::createArray(ArrayType type, std::initializer_list<unsigned l
 Array ArrayFactory::createScalarArray(ArrayType type, void const* value) const
 {
     static constexpr unsigned long oneByOne[] = {1, 1};
-    auto* const array = new zd::PlainArrayImpl(type, oneByOne);
+    auto* const array = zd::PlainArrayImpl::make(type, oneByOne);
     std::memcpy(array->data(), value, array->elementSize());
     return detail::Access::adopt(array);
 }
@@ -73,7 +73,7 @@ Array ArrayFactory::createArrayOf(ArrayType type, zd::Dimensions dimensions) con
 {
     detail::requireKnownType(type);
     if (detail::isPlainType(type))
-        return detail::Access::adopt(new zd::PlainArrayImpl(type, dimensions));
+        return detail::Access::adopt(zd::PlainArrayImpl::make(type, dimensions));
     if (detail::isSparseType(type))
         return detail::Access::adopt(zd::makeSparseArray(type, dimensions, 0, zd::Buffer(nullptr, freeBuffer),
                                                          zd::IndexBuffer(nullptr, freeBuffer),
@@ -129,7 +129,7 @@ Array ArrayFactory::createArrayFromBuffer(ArrayType type, std::vector<unsigned l
     detail::requireKnownType(type);
     if (!detail::isPlainType(type))
         throw ETypeMismatch("Elements of type " + std::string(detail::typeName(type)) + " are not one contiguous block.");
-    return detail::Access::adopt(new zd::PlainArrayImpl(type, std::move(dimensions), std::move(data)));
+    return detail::Access::adopt(zd::PlainArrayImpl::make(type, std::move(dimensions), std::move(data)));
 }
 
 Array ArrayFactory::createSparseArray(std::vector<unsigned long> dimensions, unsigned long nonZeros, ArrayType type,

@@ -13,7 +13,12 @@ template <typename Impl>
 Impl& unshared(RefCounted*& slot)
 {
     if (slot->isShared()) {
-        Impl* const copy = new Impl(*static_cast<Impl const*>(slot));
+        Impl* copy;
+        // Kinds whose copies are not made by a plain new say how to make them.
+        if constexpr (requires { Impl::copyOf(*static_cast<Impl const*>(slot)); })
+            copy = Impl::copyOf(*static_cast<Impl const*>(slot));
+        else
+            copy = new Impl(*static_cast<Impl const*>(slot));
         slot->release();
         slot = copy;
     }

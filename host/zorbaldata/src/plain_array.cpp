@@ -5,25 +5,78 @@
 #include "size_limits.hpp"
 #include "type_names.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 namespace zorbal::data::detail {
 
 namespace fz = foundation::zorbaldata;
 
-PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions)
-    : ArrayImpl(type, dimensions),
-      elementSize_(fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); })),
-      data_(storage(true))
+namespace {
+
+std::size_t elementSizeOf(fz::ArrayType type)
+{
+    return fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); });
+}
+
+// The number of elements of dimensions when it is at most most, else 0; no product overflows.
+unsigned long fewElements(Dimensions dimensions, unsigned long most) noexcept
+{
+    unsigned long count = 1;
+    for (unsigned long const extent : dimensions) {
+        if (extent == 0 || extent > most / count)
+            return 0;
+        count *= extent;
+    }
+    return count;
+}
+
+} // namespace
+
+std::size_t PlainArrayImpl::tailBytes(unsigned long count, std::size_t elementSize) noexcept
+{
+    std::size_t const bytes = count * elementSize;
+    return bytes > sizeof inline_ && bytes <= most_inline_bytes ? bytes : 0;
+}
+
+void* PlainArrayImpl::operator new(std::size_t size, Tail tail)
+{
+    return ::operator new(size + tail.bytes);
+}
+
+PlainArrayImpl* PlainArrayImpl::make(fz::ArrayType type, Dimensions dimensions)
+{
+    // An unknown type is refused by the constructor; it takes no room here.
+    Tail tail{0};
+    if (fz::detail::isPlainType(type)) {
+        std::size_t const size = elementSizeOf(type);
+        tail.bytes = tailBytes(fewElements(dimensions, most_inline_bytes / size), size);
+    }
+    return new (tail) PlainArrayImpl(type, dimensions, tail);
+}
+
+PlainArrayImpl* PlainArrayImpl::make(fz::ArrayType type, Dimensions dimensions,
+                                     std::unique_ptr<void, void (*)(void*)> data)
+{
+    return new (Tail{0}) PlainArrayImpl(type, dimensions, std::move(data));
+}
+
+PlainArrayImpl* PlainArrayImpl::copyOf(PlainArrayImpl const& other)
+{
+    Tail const tail{other.count() <= most_inline_bytes ? tailBytes(other.count(), other.elementSize_) : 0};
+    return new (tail) PlainArrayImpl(other, tail);
+}
+
+PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions, Tail tail)
+    : ArrayImpl(type, dimensions), elementSize_(elementSizeOf(type)), data_(storage(true, tail))
 {
 }
 
 PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions,
                                std::unique_ptr<void, void (*)(void*)> data)
-    : ArrayImpl(type, dimensions),
-      elementSize_(fz::detail::visitPlainType(type, []<typename T>(std::type_identity<T>) { return sizeof(T); })),
-      data_(nullptr)
+    : ArrayImpl(type, dimensions), elementSize_(elementSizeOf(type)), data_(nullptr)
 {
     if (!data && count() != 0)
         throw fz::EInvalidArgument("An array of " + fz::detail::arrayText(this->type(), this->dimensions())
@@ -32,8 +85,8 @@ PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions,
     data_ = data.release();
 }
 
-PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other)
-    : ArrayImpl(other), elementSize_(other.elementSize_), data_(storage(false))
+PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other, Tail tail)
+    : ArrayImpl(other), elementSize_(other.elementSize_), data_(storage(false, tail))
 {
     if (data_)
         std::memcpy(data_, other.data_, count() * elementSize_);
@@ -41,15 +94,21 @@ PlainArrayImpl::PlainArrayImpl(PlainArrayImpl const& other)
 
 PlainArrayImpl::~PlainArrayImpl()
 {
-    if (data_ && data_ != inline_)
+    if (data_ && data_ != inline_ && data_ != tail())
         free_(data_);
 }
 
-void* PlainArrayImpl::storage(bool zeroed)
+void* PlainArrayImpl::storage(bool zeroed, Tail room)
 {
-    if (count() != 0 && count() <= inline_bytes / elementSize_) {
-        std::memset(inline_, 0, inline_bytes);
-        return inline_;
+    // Counts are compared, not byte sizes, which could overflow.
+    void* const inside = count() == 0                       ? nullptr
+        : count() <= sizeof inline_ / elementSize_ ? static_cast<void*>(inline_)
+        : count() <= room.bytes / elementSize_     ? static_cast<void*>(tail())
+                                                   : nullptr;
+    if (inside) {
+        if (zeroed)
+            std::memset(inside, 0, count() * elementSize_);
+        return inside;
     }
     auto const subject = [this] { return fz::detail::arrayText(type(), dimensions()); };
     return zeroed ? fz::detail::allocateZeroed(count(), elementSize_, subject)
