@@ -18,6 +18,8 @@ struct Matrix {
     std::size_t rows = 0;
     std::size_t columns = 0;
     std::vector<Number> values;
+
+    bool operator==(Matrix const&) const = default;
 };
 
 /// A rows x columns string array; the strings in UTF-8, a missing element empty.
@@ -25,6 +27,8 @@ struct Strings {
     std::size_t rows = 0;
     std::size_t columns = 0;
     std::vector<std::optional<std::string>> values;
+
+    bool operator==(Strings const&) const = default;
 };
 
 /// The count-by-1 struct array of the six fields of large_form_struct, one vector per field.
@@ -35,6 +39,8 @@ struct Records {
     std::vector<std::string> tag;
     std::vector<std::string> text;
     std::vector<double> y;
+
+    bool operator==(Records const&) const = default;
 };
 
 /// The object in a cell of large_form_cell, which reads as a 1-by-1 struct.
@@ -42,6 +48,8 @@ struct Item {
     std::string label;
     double score = 0;
     std::vector<double> values;
+
+    bool operator==(Item const&) const = default;
 };
 
 /// One cell of large_form_cell: a number, a text, a boolean, a column of numbers, an int32 scalar, a
@@ -53,6 +61,8 @@ struct Cells {
     std::size_t rows = 0;
     std::size_t columns = 0;
     std::vector<Cell> values;
+
+    bool operator==(Cells const&) const = default;
 };
 
 /// What one benchmark document becomes.
