@@ -7,7 +7,8 @@ namespace zorbal::data::detail {
 
 namespace {
 
-constexpr std::size_t alignment = alignof(std::max_align_t);
+// The alignment of a string record, whose most aligned member is a pointer.
+constexpr std::size_t alignment = alignof(void*);
 
 constexpr std::size_t aligned(std::size_t bytes) noexcept
 {

@@ -19,7 +19,7 @@ public:
     StringArena& operator=(StringArena const&) = delete;
     ~StringArena();
 
-    /// bytes of room aligned for any object, or null when no block can be had or bytes is more than
+    /// bytes of room aligned as a pointer, or null when no block can be had or bytes is more than
     /// a quarter of the largest block.
     void* allocate(std::size_t bytes) noexcept;
 

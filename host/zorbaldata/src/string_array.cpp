@@ -43,6 +43,7 @@ StringRecord* StringRecord::make(std::u16string_view text, StringArena* arena)
 {
     constexpr std::size_t header = sizeof(StringRecord) / sizeof(char16_t);
     static_assert(sizeof(StringRecord) % sizeof(char16_t) == 0);
+    static_assert(alignof(StringRecord) <= alignof(void*), "the arena aligns as a pointer");
     void* block = nullptr;
     // A text too long for the size of a block in bytes is left to the allocation below, which refuses it.
     if (arena && text.size() < StringArena::largest_block)
