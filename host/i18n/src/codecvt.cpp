@@ -3,6 +3,8 @@
 
 #include <yx/i18n/cvt_exception.hpp>
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -26,24 +28,42 @@ void require_utf8(std::string const& encoding)
 
 // Copies the ASCII run that starts at in[i] to out and returns where it ends. Most text, short or
 // long, is mostly ASCII, so whole 64-bit words are tested at once; the mask has the bits that no
-// ASCII unit sets.
+// ASCII unit sets. On a little-endian machine the first unit of a word is its lowest, so the trailing
+// zero bits of the word's non-ASCII bits count the ASCII units before the first that is not one.
 template <typename In, typename Out>
 std::size_t copy_ascii(In const* in, std::size_t i, std::size_t length, Out*& out)
 {
     constexpr std::size_t per_word = sizeof(std::uint64_t) / sizeof(In);
     constexpr std::uint64_t non_ascii = sizeof(In) == 1 ? 0x8080808080808080u : 0xFF80FF80FF80FF80u;
-    while (length - i >= per_word) {
-        std::uint64_t word;
-        std::memcpy(&word, in + i, sizeof word);
-        if (word & non_ascii)
-            break;
-        for (std::size_t k = 0; k < per_word; ++k)
+    auto const copy = [&](std::size_t units) {
+        for (std::size_t k = 0; k < units; ++k)
             out[k] = static_cast<Out>(in[i + k]);
-        out += per_word;
-        i += per_word;
+        out += units;
+        i += units;
+    };
+    while (i < length) {
+        std::size_t const units = std::min(per_word, length - i);
+        std::uint64_t word = 0;
+        if (units == per_word)
+            std::memcpy(&word, in + i, sizeof word);
+        else
+            std::memcpy(&word, in + i, units * sizeof(In));
+        std::uint64_t const high = word & non_ascii;
+        if (high == 0) {
+            if (units == per_word)
+                copy(per_word);
+            else
+                copy(units);
+            continue;
+        }
+        if constexpr (std::endian::native == std::endian::little) {
+            copy(static_cast<std::size_t>(std::countr_zero(high)) / (8 * sizeof(In)));
+        } else {
+            while (in[i] < 0x80)
+                copy(1);
+        }
+        break;
     }
-    while (i < length && in[i] < 0x80)
-        *out++ = static_cast<Out>(in[i++]);
     return i;
 }
 
