@@ -36,9 +36,10 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
                     = zq::test::writing_difference(*array, setting.mode, setting.nan, filter, indent);
                 if (!difference.empty()) {
                     std::string const text(reinterpret_cast<char const*>(data), size);
-                    std::fprintf(stderr, "the writing roads differ (mode %d, NaN %d, filter %d, indent %u) on: %s\n%s\n",
-                        static_cast<int>(setting.mode), static_cast<int>(setting.nan), static_cast<int>(filter), indent,
-                        zq::test::shown(text).c_str(), difference.c_str());
+                    std::fprintf(stderr,
+                        "the writing roads differ (mode %d, NaN %d, filter %d, indent %u) on: %s\n%s\n",
+                        static_cast<int>(setting.mode), static_cast<int>(setting.nan),
+                        static_cast<int>(filter), indent, zq::test::shown(text).c_str(), difference.c_str());
                     std::abort();
                 }
             }

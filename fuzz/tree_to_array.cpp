@@ -114,8 +114,10 @@ fj::Value integer(Bytes& bytes, bool is_signed)
         return floating(bytes);
     bool const wide = bytes.rarely(4);
     if (is_signed)
-        return fj::Value(wide ? bytes.number<long long>() : static_cast<long long>(static_cast<std::int8_t>(bytes.next())));
-    return fj::Value(wide ? bytes.number<unsigned long long>() : static_cast<unsigned long long>(bytes.next()));
+        return fj::Value(wide ? bytes.number<long long>()
+                              : static_cast<long long>(static_cast<std::int8_t>(bytes.next())));
+    return fj::Value(
+        wide ? bytes.number<unsigned long long>() : static_cast<unsigned long long>(bytes.next()));
 }
 
 fj::Value text_or_missing(Bytes& bytes)
@@ -153,7 +155,8 @@ struct TypeName {
 
 constexpr std::array<TypeName, 20> type_names = {{
     {"int8", Kind::Signed}, {"int16", Kind::Signed}, {"int32", Kind::Signed}, {"int64", Kind::Signed},
-    {"uint8", Kind::Unsigned}, {"uint16", Kind::Unsigned}, {"uint32", Kind::Unsigned}, {"uint64", Kind::Unsigned},
+    {"uint8", Kind::Unsigned}, {"uint16", Kind::Unsigned}, {"uint32", Kind::Unsigned},
+    {"uint64", Kind::Unsigned},
     {"single", Kind::Floating}, {"double", Kind::Floating}, {"logical", Kind::Logical}, {"char", Kind::Char},
     {"cell", Kind::Cell}, {"struct", Kind::Struct}, {"string", Kind::String}, {"shop.Item", Kind::Object},
     {"pkg.Color", Kind::Enum}, {"pkg.H", Kind::Handle}, {"zorbal.mixin.Heterogeneous", Kind::Heterogeneous},
@@ -169,6 +172,13 @@ struct Form {
     fj::Object keys;
     int depth;
 };
+
+// The list of a large form's data: count elements that make gives, now and then any value instead.
+template <typename Make>
+fj::Value data_list(Bytes& bytes, Form const& form, std::size_t count, Make make)
+{
+    return list_of(count, [&] { return bytes.rarely(32) ? build(bytes, form.depth + 1) : make(); });
+}
 
 // [rows, columns] or [rows, columns, values] of a sparse array, indices mostly inside the dimensions.
 fj::Value sparse_data(Bytes& bytes, Form const& form, bool values, bool complex)
@@ -196,7 +206,7 @@ fj::Value numeric_data(Bytes& bytes, Form& form)
         form.keys["zqsparse"] = fj::Value(true);
         return sparse_data(bytes, form, true, complex);
     }
-    return list_of(form.count * (complex ? 2 : 1), [&] {
+    return data_list(bytes, form, form.count * (complex ? 2 : 1), [&] {
         return form.kind == Kind::Floating ? floating(bytes) : integer(bytes, form.kind == Kind::Signed);
     });
 }
@@ -207,7 +217,7 @@ fj::Value logical_data(Bytes& bytes, Form& form)
         form.keys["zqsparse"] = fj::Value(true);
         return sparse_data(bytes, form, false, false);
     }
-    return list_of(form.count, [&] { return bytes.rarely(16) ? build(bytes, form.depth + 1) : fj::Value(bytes.pick(2) == 1); });
+    return data_list(bytes, form, form.count, [&] { return fj::Value(bytes.pick(2) == 1); });
 }
 
 fj::Value char_data(Bytes& bytes, Form const& form)
@@ -235,14 +245,16 @@ fj::Value object_data(Bytes& bytes, Form& form)
             form.keys["zqmetadata"] = fj::Value(properties_of(bytes, form.depth));
         return fj::Value(properties_of(bytes, form.depth));
     }
-    return list_of(form.count, [&] { return fj::Value(properties_of(bytes, form.depth + 1)); });
+    return data_list(
+        bytes, form, form.count, [&] { return fj::Value(properties_of(bytes, form.depth + 1)); });
 }
 
 fj::Value heterogeneous_data(Bytes& bytes, Form const& form)
 {
-    return list_of(form.count, [&] {
+    return data_list(bytes, form, form.count, [&] {
         fj::Object element = properties_of(bytes, form.depth + 1);
-        element["zqtype"] = bytes.rarely(16) ? build(bytes, form.depth + 2) : fj::Value(std::string(bytes.of(classes)));
+        element["zqtype"]
+            = bytes.rarely(16) ? build(bytes, form.depth + 2) : fj::Value(std::string(bytes.of(classes)));
         return fj::Value(std::move(element));
     });
 }
@@ -251,8 +263,11 @@ fj::Value heterogeneous_data(Bytes& bytes, Form const& form)
 void add_handle(Bytes& bytes, Form& form)
 {
     fj::Object handle;
-    handle["zqkvxID"] = bytes.rarely(8) ? build(bytes, form.depth + 1) : fj::Value(std::to_string(bytes.next()));
-    handle["zqobjectID"] = list_of(form.count + bytes.rarely(8), [&] { return fj::Value(std::to_string(bytes.pick(4))); });
+    handle["zqkvxID"]
+        = bytes.rarely(8) ? build(bytes, form.depth + 1) : fj::Value(std::to_string(bytes.next()));
+    std::size_t const ids = form.count + bytes.rarely(8);
+    handle["zqobjectID"]
+        = data_list(bytes, form, ids, [&] { return fj::Value(std::to_string(bytes.pick(4))); });
     form.keys["zqhandle"] = fj::Value(std::move(handle));
 }
 
@@ -266,8 +281,10 @@ fj::Value large_data(Bytes& bytes, Form& form)
     case Kind::Char: return char_data(bytes, form);
     case Kind::Cell: return list_of(form.count, [&] { return build(bytes, form.depth + 1); });
     case Kind::Struct: return struct_data(bytes, form);
-    case Kind::String: return list_of(form.count, [&] { return text_or_missing(bytes); });
-    case Kind::Enum: return list_of(form.count, [&] { return fj::Value(std::string(bytes.of(properties))); });
+    case Kind::String: return data_list(bytes, form, form.count, [&] { return text_or_missing(bytes); });
+    case Kind::Enum:
+        return data_list(
+            bytes, form, form.count, [&] { return fj::Value(std::string(bytes.of(properties))); });
     case Kind::Object: return object_data(bytes, form);
     case Kind::Handle: add_handle(bytes, form); return object_data(bytes, form);
     case Kind::HeterogeneousHandle: add_handle(bytes, form); return heterogeneous_data(bytes, form);

@@ -48,8 +48,8 @@ ReadingOutcome fields(std::initializer_list<std::string> names)
 // Two handle elements, with the object ids given.
 std::string handles(char const* first, char const* second)
 {
-    return std::string(R"({"zqdata":[{"p":1},{"p":1}],"zqhandle":{"zqkvxID":"1","zqobjectID":[")") + first + R"(",")"
-        + second + R"("]},"zqsize":[1,2],"zqtype":"pkg.H"})";
+    return std::string(R"({"zqdata":[{"p":1},{"p":1}],"zqhandle":{"zqkvxID":"1","zqobjectID":[")") + first
+        + R"(",")" + second + R"("]},"zqsize":[1,2],"zqtype":"pkg.H"})";
 }
 
 ReadingOutcome thrown(std::exception_ptr failure)
@@ -87,8 +87,10 @@ Pair const pairs[] = {
     {"ArrayOrFailure", [] { return read(R"("x")"); },
         [] { return thrown(std::make_exception_ptr(std::runtime_error("x"))); }, true},
     // Handles of two readings are other objects, but shared alike.
-    {"HandlesOfTwoReadings", [] { return read(handles("1", "1")); }, [] { return read(handles("7", "7")); }, false},
-    {"EqualNaNs", [] { return read(R"({"zqdata":"NaN"})"); }, [] { return read(R"({"zqdata":["NaN"],"zqsize":[1,1],"zqtype":"double"})"); }, false},
+    {"HandlesOfTwoReadings", [] { return read(handles("1", "1")); }, [] { return read(handles("7", "7")); },
+        false},
+    {"EqualNaNs", [] { return read(R"({"zqdata":"NaN"})"); },
+        [] { return read(R"({"zqdata":["NaN"],"zqsize":[1,1],"zqtype":"double"})"); }, false},
 };
 
 INSTANTIATE_TEST_SUITE_P(Results, RoadComparison, ::testing::ValuesIn(pairs),

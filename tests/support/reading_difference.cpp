@@ -199,8 +199,9 @@ void compare_with_reference(std::string const& text, fj::ParseResult result, fj:
     fj::TextPosition expected_position = text.begin();
     fj::ParseResult const expected_result = reference::parse_value(expected, expected_position, text.end(), 0);
     if (result != expected_result || position != expected_position)
-        difference += "parse_value gave code " + std::to_string(result) + " at " + std::to_string(position - text.begin())
-            + ", the reference reader code " + std::to_string(expected_result) + " at "
+        difference += "parse_value gave code " + std::to_string(result) + " at "
+            + std::to_string(position - text.begin()) + ", the reference reader code "
+            + std::to_string(expected_result) + " at "
             + std::to_string(expected_position - text.begin()) + "\n";
     else if (result == fj::ParseOk && !(value == expected && same_bits(value, expected)))
         difference += "parse_value and the reference reader built different trees\n";
