@@ -1,9 +1,11 @@
 // A text that reads is written in the four mode settings, and each written text read and written
 // again in the same setting must give the same text: writing what was read is a fixed point after one
-// normalising round. A written text that does not read back, or a second text that differs, aborts.
+// normalising round. A written text that does not read back, or a second text that differs, aborts,
+// except the refusal that docs/design.md lists under "Written texts that do not read back".
 #include "read_input.hpp"
 
 #include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
+#include <frontend/detail/parse_error.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +26,26 @@ std::optional<std::string> write(zd::Array const& array, WriteSetting setting)
     } catch (std::exception const&) {
         // Arrays the writers refuse, such as ones nested too deeply, have no text to compare.
         return std::nullopt;
+    }
+}
+
+// Plain "NaN", "Inf" and "-Inf" in dense complex data, which NanType String writes and the readers
+// refuse. The same array spelt with special-float objects must read back, so nothing else hides here.
+bool refused_by_design(zd::Array const& array, WriteSetting setting, std::exception const& failure,
+    zd::ArrayFactory& factory)
+{
+    if (setting.nan != foundation::zorbaljson::NanType::String
+        || dynamic_cast<foundation::zorbaljson::InvalidFloatingElem const*>(&failure) == nullptr)
+        return false;
+    std::optional<std::string> const objects
+        = write(array, {setting.mode, foundation::zorbaljson::NanType::Object});
+    if (!objects)
+        return false;
+    try {
+        zd::json::string_to_zorbaldata(*objects, factory);
+        return true;
+    } catch (std::exception const&) {
+        return false;
     }
 }
 
@@ -49,6 +71,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         try {
             again = zd::json::string_to_zorbaldata(*first, factory);
         } catch (std::exception const& e) {
+            if (refused_by_design(*array, setting, e, factory))
+                continue;
             fail("a written text does not read back", *first, e.what());
         }
         std::optional<std::string> const second = write(again, setting);
