@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 namespace zd = foundation::zorbaldata;
@@ -25,15 +24,11 @@ constexpr unsigned indents[] = {0, 2};
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-    zd::ArrayFactory factory;
-    std::optional<zd::Array> const array = readInput(data, size, factory);
-    if (!array)
-        return 0;
-    for (WriteSetting const setting : writeSettings)
+    forEachSetting(data, size, [&](zd::Array const& array, WriteSetting setting, zd::ArrayFactory&) {
         for (zd::ObjectFilter const filter : filters)
             for (unsigned const indent : indents) {
                 std::string const difference
-                    = zq::test::writing_difference(*array, setting.mode, setting.nan, filter, indent);
+                    = zq::test::writing_difference(array, setting.mode, setting.nan, filter, indent);
                 if (!difference.empty()) {
                     std::string const text(reinterpret_cast<char const*>(data), size);
                     std::fprintf(stderr,
@@ -43,5 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
                     std::abort();
                 }
             }
+    });
     return 0;
 }

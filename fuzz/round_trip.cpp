@@ -55,32 +55,33 @@ bool refused_by_design(zd::Array const& array, WriteSetting setting, std::except
     std::abort();
 }
 
+// The rounds of one setting.
+void check(zd::Array const& array, WriteSetting setting, zd::ArrayFactory& factory)
+{
+    std::optional<std::string> const first = write(array, setting);
+    if (!first)
+        return;
+    zd::Array again;
+    try {
+        again = zd::json::string_to_zorbaldata(*first, factory);
+    } catch (std::exception const& e) {
+        if (refused_by_design(array, setting, e, factory))
+            return;
+        fail("a written text does not read back", *first, e.what());
+    }
+    std::optional<std::string> const second = write(again, setting);
+    if (!second)
+        fail("an array read from a written text cannot be written", *first, "");
+    std::optional<std::string> const third
+        = write(zd::json::string_to_zorbaldata(*second, factory), setting);
+    if (third != second)
+        fail("writing what was read changes the text again", *second, third.value_or("(refused)"));
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-    zd::ArrayFactory factory;
-    std::optional<zd::Array> const array = readInput(data, size, factory);
-    if (!array)
-        return 0;
-    for (WriteSetting const setting : writeSettings) {
-        std::optional<std::string> const first = write(*array, setting);
-        if (!first)
-            continue;
-        zd::Array again;
-        try {
-            again = zd::json::string_to_zorbaldata(*first, factory);
-        } catch (std::exception const& e) {
-            if (refused_by_design(*array, setting, e, factory))
-                continue;
-            fail("a written text does not read back", *first, e.what());
-        }
-        std::optional<std::string> const second = write(again, setting);
-        if (!second)
-            fail("an array read from a written text cannot be written", *first, "");
-        std::optional<std::string> const third = write(zd::json::string_to_zorbaldata(*second, factory), setting);
-        if (third != second)
-            fail("writing what was read changes the text again", *second, third.value_or("(refused)"));
-    }
+    forEachSetting(data, size, check);
     return 0;
 }
