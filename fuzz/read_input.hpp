@@ -34,3 +34,16 @@ inline std::optional<foundation::zorbaldata::Array> readInput(std::uint8_t const
         return std::nullopt;
     }
 }
+
+// Calls write(array, setting, factory) for the array the input reads as, in each of the four settings;
+// an input that does not read calls nothing.
+template <typename Write>
+void forEachSetting(std::uint8_t const* data, std::size_t size, Write write)
+{
+    foundation::zorbaldata::ArrayFactory factory;
+    std::optional<foundation::zorbaldata::Array> const array = readInput(data, size, factory);
+    if (!array)
+        return;
+    for (WriteSetting const setting : writeSettings)
+        write(*array, setting, factory);
+}

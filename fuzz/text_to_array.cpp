@@ -8,20 +8,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
-#include <optional>
 
 namespace zd = foundation::zorbaldata;
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-    zd::ArrayFactory factory;
-    std::optional<zd::Array> const array = readInput(data, size, factory);
-    if (!array)
-        return 0;
-    for (WriteSetting const setting : writeSettings)
+    forEachSetting(data, size, [](zd::Array const& array, WriteSetting setting, zd::ArrayFactory&) {
         try {
-            zd::json::zorbaldata_to_string(*array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll);
+            zd::json::zorbaldata_to_string(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll);
         } catch (std::exception const&) {
         }
+    });
     return 0;
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the fuzz preset and runs each fuzz target for ZQ_FUZZ_SECONDS (default 60) from the seed corpus
-# in fuzz/corpus with the notation's dictionary. Any crash, sanitizer report, leak, hang (a run over 10 s)
+# in fuzz/corpus with the notation's dictionary; the targets named as arguments, or all of them. Any crash, sanitizer report, leak, hang (a run over 10 s)
 # or use of more than 2 GiB fails, and libFuzzer leaves the input as crash-*, leak-*, timeout-* or oom-*
 # in build/fuzz/findings. Inputs found on the way go to build/fuzz/corpus, never into the repository.
 # An allocation over 2000 MB returns null, as the C library's does where memory is not promised
@@ -13,8 +13,10 @@ seconds=${ZQ_FUZZ_SECONDS:-60}
 cmake --preset fuzz -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
 cmake --build --preset fuzz
 mkdir -p build/fuzz/findings
+targets=("$@")
+[ ${#targets[@]} -gt 0 ] || targets=(text_to_array tree_to_array round_trip differential_read differential_write)
 # Each target with its seeds; the tree builder starts from nothing, as any bytes make a tree.
-for target in text_to_array tree_to_array round_trip; do
+for target in "${targets[@]}"; do
   seeds=()
   [ "$target" = tree_to_array ] || seeds=(fuzz/corpus/text)
   echo "=== $target, ${seconds} s"

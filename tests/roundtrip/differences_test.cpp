@@ -232,6 +232,11 @@ static Refusal const refusals[] = {
         throws<InvalidFloatingElem>, invalidFloating("single")},
     {"DenseComplexNonFiniteInCellUnderString", complexNonFiniteInCell, {Small, String}, Text,
         throws<InvalidFloatingElem>, invalidFloating("double")},
+    // Found by the round-trip fuzz target: the special-float object read, written back as a plain word.
+    {"DenseComplexSingleReadFromObjects",
+        [] { return from_text(R"({"zqcomplex":true,"zqdata":[1,2,{"zqdata":"NaN"},-4],"zqsize":[1,2],)"
+                              R"("zqtype":"single"})"); },
+        {Large, String}, Text, throws<InvalidFloatingElem>, invalidFloating("single")},
     // Finite single elements are floats in the tree, which the readers do not take.
     {"SingleThroughTree", singles, {Large, String}, Tree, throws<InvalidFloatingElem>,
         invalidFloating("single")},
