@@ -41,9 +41,16 @@ std::size_t PlainArrayImpl::tailBytes(unsigned long count, std::size_t elementSi
     return bytes > sizeof inline_ && bytes <= most_inline_bytes ? bytes : 0;
 }
 
-void* PlainArrayImpl::operator new(std::size_t size, Tail tail)
+template <typename Construct>
+PlainArrayImpl* PlainArrayImpl::place(Tail tail, Construct const& construct)
 {
-    return ::operator new(size + tail.bytes);
+    void* const block = ::operator new(sizeof(PlainArrayImpl) + tail.bytes);
+    try {
+        return construct(block);
+    } catch (...) {
+        ::operator delete(block);
+        throw;
+    }
 }
 
 PlainArrayImpl* PlainArrayImpl::make(fz::ArrayType type, Dimensions dimensions)
@@ -54,19 +61,19 @@ PlainArrayImpl* PlainArrayImpl::make(fz::ArrayType type, Dimensions dimensions)
         std::size_t const size = elementSizeOf(type);
         tail.bytes = tailBytes(fewElements(dimensions, most_inline_bytes / size), size);
     }
-    return new (tail) PlainArrayImpl(type, dimensions, tail);
+    return place(tail, [&](void* block) { return new (block) PlainArrayImpl(type, dimensions, tail); });
 }
 
 PlainArrayImpl* PlainArrayImpl::make(fz::ArrayType type, Dimensions dimensions,
                                      std::unique_ptr<void, void (*)(void*)> data)
 {
-    return new (Tail{0}) PlainArrayImpl(type, dimensions, std::move(data));
+    return place(Tail{0}, [&](void* block) { return new (block) PlainArrayImpl(type, dimensions, std::move(data)); });
 }
 
 PlainArrayImpl* PlainArrayImpl::copyOf(PlainArrayImpl const& other)
 {
     Tail const tail{other.count() <= most_inline_bytes ? tailBytes(other.count(), other.elementSize_) : 0};
-    return new (tail) PlainArrayImpl(other, tail);
+    return place(tail, [&](void* block) { return new (block) PlainArrayImpl(other, tail); });
 }
 
 PlainArrayImpl::PlainArrayImpl(fz::ArrayType type, Dimensions dimensions, Tail tail)

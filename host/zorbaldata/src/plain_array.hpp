@@ -41,8 +41,9 @@ private:
     struct Tail {
         std::size_t bytes;
     };
-    static void* operator new(std::size_t size, Tail tail);
-    static void operator delete(void* block, Tail) noexcept { ::operator delete(block); }
+    /// An array made by construct in a block with tail's room after it; the block is freed if it throws.
+    template <typename Construct>
+    static PlainArrayImpl* place(Tail tail, Construct const& construct);
 
     PlainArrayImpl(foundation::zorbaldata::ArrayType type, Dimensions dimensions, Tail tail);
     PlainArrayImpl(foundation::zorbaldata::ArrayType type, Dimensions dimensions,
