@@ -140,22 +140,27 @@ void fill(std::vector<T>& out, Node const& values, Read read)
     values.for_each([&](Node const& value) { out.push_back(read(value)); });
 }
 
+// A large form of type whose elements convert one by one into the values of a container of rows,
+// columns and values.
+template <class Container, class Node, class Convert>
+Container large_elements(Node const& root, char const* type, Convert convert)
+{
+    LargeForm<Node> const form = large_form(root, type);
+    Container container{form.rows, form.columns, {}};
+    fill(container.values, elements(form), convert);
+    return container;
+}
+
 template <class Node>
 Matrix<double> large_doubles(Node const& root)
 {
-    LargeForm<Node> const form = large_form(root, "double");
-    Matrix<double> matrix{form.rows, form.columns, {}};
-    fill(matrix.values, elements(form), number<Node>);
-    return matrix;
+    return large_elements<Matrix<double>>(root, "double", number<Node>);
 }
 
 template <class Node>
 Matrix<std::int64_t> large_int64(Node const& root)
 {
-    LargeForm<Node> const form = large_form(root, "int64");
-    Matrix<std::int64_t> matrix{form.rows, form.columns, {}};
-    fill(matrix.values, elements(form), int64<Node>);
-    return matrix;
+    return large_elements<Matrix<std::int64_t>>(root, "int64", int64<Node>);
 }
 
 // Rows in the text, columns first in memory: the same transposition our reader makes. The rows are
@@ -193,10 +198,7 @@ std::optional<std::string> string_or_missing(Node const& value)
 template <class Node>
 Strings large_strings(Node const& root)
 {
-    LargeForm<Node> const form = large_form(root, "string");
-    Strings strings{form.rows, form.columns, {}};
-    fill(strings.values, elements(form), string_or_missing<Node>);
-    return strings;
+    return large_elements<Strings>(root, "string", string_or_missing<Node>);
 }
 
 template <class Node>
@@ -258,10 +260,7 @@ Cell cell(Node const& value)
 template <class Node>
 Cells large_cell(Node const& root)
 {
-    LargeForm<Node> const form = large_form(root, "cell");
-    Cells cells{form.rows, form.columns, {}};
-    fill(cells.values, elements(form), cell<Node>);
-    return cells;
+    return large_elements<Cells>(root, "cell", cell<Node>);
 }
 
 } // namespace detail

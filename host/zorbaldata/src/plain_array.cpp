@@ -37,8 +37,8 @@ unsigned long fewElements(Dimensions dimensions, unsigned long most) noexcept
 
 std::size_t PlainArrayImpl::tailBytes(unsigned long count, std::size_t elementSize) noexcept
 {
-    std::size_t const bytes = count * elementSize;
-    return bytes > sizeof inline_ && bytes <= most_inline_bytes ? bytes : 0;
+    // Counts are compared, not byte sizes, which could overflow.
+    return count > sizeof inline_ / elementSize && count <= most_inline_bytes / elementSize ? count * elementSize : 0;
 }
 
 template <typename Construct>
@@ -72,7 +72,7 @@ PlainArrayImpl* PlainArrayImpl::make(fz::ArrayType type, Dimensions dimensions,
 
 PlainArrayImpl* PlainArrayImpl::copyOf(PlainArrayImpl const& other)
 {
-    Tail const tail{other.count() <= most_inline_bytes ? tailBytes(other.count(), other.elementSize_) : 0};
+    Tail const tail{tailBytes(other.count(), other.elementSize_)};
     return place(tail, [&](void* block) { return new (block) PlainArrayImpl(other, tail); });
 }
 

@@ -7,10 +7,10 @@ RefCounted::~RefCounted() = default;
 
 void RefCounted::destroy(RefCounted const* object) noexcept
 {
-    // While this thread destroys an object, the objects it lets go wait and are destroyed after it (those
-    // that release nothing cannot nest, so they go at once). They
-    // wait in a list chained through their counts, which nothing reads once they reach zero: the list
-    // needs no memory and no thread-exit destructor, so static arrays freed at exit find it intact.
+    // While this thread destroys an object, the objects it lets go wait and are destroyed after it; those
+    // that release nothing cannot nest, so they go at once. The others wait in a list chained through
+    // their counts, which nothing reads once they reach zero: the list needs no memory and no
+    // thread-exit destructor, so static arrays freed at exit find it intact.
     static_assert(sizeof(long) >= sizeof(RefCounted const*));
     if (!object->releasesOthers()) {
         delete object;
