@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building and testing need, when any is missing.
+# Installs the Debian packages that building and testing need, and any named as arguments, when missing.
 set -euo pipefail
 
-packages=(g++ clang-15 cmake ninja-build pkgconf libgtest-dev libgmock-dev libbenchmark-dev libboost-dev rapidjson-dev libsimdjson-dev doxygen)
+packages=(g++ clang-15 cmake ninja-build pkgconf libgtest-dev libgmock-dev libbenchmark-dev libboost-dev rapidjson-dev libsimdjson-dev doxygen "$@")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
