@@ -1,19 +1,14 @@
-// Tests of serialize: numbers, escapes, nesting, indentation and refused non-finite numbers.
+// serialize: numbers, escapes, nesting, indentation and refused non-finite numbers.
 #include <foundation/json/serialize.hpp>
-
-#include <foundation/json/detail/string_to_double.hpp>
 
 #include "expect_throw.hpp"
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cfloat>
 #include <climits>
 #include <cmath>
-#include <cstdint>
 #include <limits>
-#include <random>
 #include <string>
 
 using namespace foundation::json;
@@ -27,13 +22,7 @@ struct Case {
     std::string text;
 };
 
-void expect_texts(Case const* first, Case const* last)
-{
-    for (; first != last; ++first)
-        EXPECT_EQ(serialize(first->value), first->text);
-}
-
-TEST(Serialize, Numbers)
+TEST(Serialize, NumbersStringsLiteralsAndNesting)
 {
     float const below_flt_max = std::nextafter(FLT_MAX, 0.0f);
     static const Case cases[] = {
@@ -66,13 +55,6 @@ TEST(Serialize, Numbers)
         {LLONG_MAX, "9223372036854775807"},
         {ULLONG_MAX, "18446744073709551615"},
         {0ULL, "0"},
-    };
-    expect_texts(std::begin(cases), std::end(cases));
-}
-
-TEST(Serialize, StringEscapes)
-{
-    static const Case cases[] = {
         {"", R"("")"},
         {"plain / text \x7F", "\"plain / text \x7F\""},
         {"\"", R"("\"")"},
@@ -91,13 +73,6 @@ TEST(Serialize, StringEscapes)
         {"\xED\xA0", "\"\xED\xA0\""},
         {"\xED\xA0\x7F", "\"\xED\xA0\x7F\""},
         {"\xFF\xFE\x80", "\"\xFF\xFE\x80\""},
-    };
-    expect_texts(std::begin(cases), std::end(cases));
-}
-
-TEST(Serialize, LiteralsAndNesting)
-{
-    static const Case cases[] = {
         {true, "true"},
         {false, "false"},
         {Null(), "null"},
@@ -111,8 +86,12 @@ TEST(Serialize, LiteralsAndNesting)
         {Object{{"zqtype", "int32"}, {"zqdata", Array{1.0}}, {"zqsize", Array{1.0}}},
          R"({"zqdata":[1],"zqsize":[1],"zqtype":"int32"})"},
         {Object{{"a\"", Object{{"\n", Array{Object()}}}}}, R"({"a\"":{"\n":[{}]}})"},
+        // Members in the byte order of their keys, whatever the order they were made in.
+        {Object{{"b", 1.0}, {"ab", 1.0}, {"\xC3\xA9", 1.0}, {"a", 1.0}, {"z", 1.0}, {"Z", 1.0}, {"", 1.0}},
+         "{\"\":1,\"Z\":1,\"a\":1,\"ab\":1,\"b\":1,\"z\":1,\"\xC3\xA9\":1}"},
     };
-    expect_texts(std::begin(cases), std::end(cases));
+    for (Case const& c : cases)
+        EXPECT_EQ(serialize(c.value), c.text);
 }
 
 TEST(Serialize, IndentedForPeople)
@@ -143,26 +122,6 @@ TEST(Serialize, NonFiniteNumbersAreRefused)
     for (Value const& value : values) {
         EXPECT_THROW_WHAT(serialize(value), SerializeError, non_finite);
         EXPECT_THROW_WHAT(serialize(value, 2), SerializeError, non_finite);
-    }
-}
-
-// Every finite double and float reads back as the same number, and a float within float range.
-TEST(Serialize, NumbersReadBackUnchanged)
-{
-    std::mt19937_64 random(12345);
-    for (int i = 0; i < 20000; ++i) {
-        auto const d = std::bit_cast<double>(random());
-        if (std::isfinite(d)) {
-            std::string const text = serialize(d);
-            EXPECT_EQ(detail::string_to_double(text.c_str()), d) << text;
-        }
-        auto const f = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
-        if (std::isfinite(f)) {
-            std::string const text = serialize(f);
-            double const back = detail::string_to_double(text.c_str());
-            EXPECT_LE(std::fabs(back), FLT_MAX) << text;
-            EXPECT_EQ(static_cast<float>(back), f) << text;
-        }
     }
 }
 

@@ -1,4 +1,4 @@
-// Tests of string_to_double: exact rounding, leading zeros, and numbers beyond double's range.
+// string_to_double: exact rounding, leading zeros, and numbers beyond double's range.
 #include <foundation/json/detail/string_to_double.hpp>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Tests of the UTF-8 helpers: byte ranges and UTF-16 code units, surrogates included.
+// The UTF-8 helpers: byte ranges and UTF-16 code units, surrogates included.
 #include <foundation/json/detail/utf8.hpp>
 
 #include <gtest/gtest.h>

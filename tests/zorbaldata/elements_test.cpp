@@ -1,0 +1,224 @@
+// Arrays whose elements are arrays, struct records, text or enumeration members.
+#include "expect_throw.hpp"
+
+#include <foundation/zorbaldata.hpp>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace foundation::zorbaldata;
+
+namespace {
+
+ArrayFactory const factory;
+using OptionalText = zorbal::data::optional<std::u16string>;
+
+// A scalar inside levels cells, each within the next.
+Array nestedCells(int levels, double inner)
+{
+    Array nested = factory.createScalar(inner);
+    for (int level = 0; level < levels; ++level) {
+        TypedArray<Array> outer = factory.createArray<Array>({1, 1});
+        outer[0] = std::move(nested);
+        nested = std::move(outer);
+    }
+    return nested;
+}
+
+std::vector<std::string> fieldNames(StructArray const& array)
+{
+    std::vector<std::string> names;
+    for (auto const& field : array.getFieldNames())
+        names.push_back(field.getString());
+    return names;
+}
+
+} // namespace
+
+TEST(CellArray, ElementsStartEmptyAndShareWhatIsStored)
+{
+    TypedArray<Array> cells = factory.createArray<Array>({1, 2});
+    EXPECT_EQ(std::as_const(cells)[1], Array());
+    EXPECT_THROW_WHAT(cells[2], EIndexOutOfRange, "Index 2 is outside an array of 2 elements.");
+    Array const text = factory.createCharArray(u"abc");
+    cells[1] = text;
+    Array const stored = std::as_const(cells)[1];
+    EXPECT_EQ(stored, text);
+    EXPECT_EQ(&*getReadOnlyElements<char16_t>(stored).begin(), &*getReadOnlyElements<char16_t>(text).begin());
+}
+
+TEST(CellArray, EqualityIsDeep)
+{
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(nestedCells(2, 1), nestedCells(2, 1));
+    EXPECT_NE(nestedCells(2, 1), nestedCells(2, 2));
+    EXPECT_NE(nestedCells(2, 1), nestedCells(1, 1));
+    EXPECT_EQ(nestedCells(2, nan), nestedCells(2, -nan));
+    EXPECT_EQ(factory.createScalar(0.0), factory.createScalar(-0.0));
+    EXPECT_NE(factory.createScalar(1.0), factory.createScalar(1.0f));
+    EXPECT_NE(factory.createArray<double>({1, 2}), factory.createArray<double>({2, 1}));
+}
+
+// Comparing and dropping arrays nested far deeper than a stack could recurse through.
+TEST(CellArray, ComparesAndFreesDeeplyNestedCells)
+{
+    Array nested = nestedCells(300000, 1.0);
+    EXPECT_TRUE(nested == nestedCells(300000, 1.0));
+    EXPECT_FALSE(nested == nestedCells(300000, 2.0));
+}
+
+// Arrays that outlive the thread's own bookkeeping, such as thread_local ones, are freed at exit
+// after it; the sanitizers see any use of bookkeeping that is gone.
+TEST(CellArray, FreesArraysAtThreadExit)
+{
+    std::thread([] {
+        thread_local Array const held = nestedCells(3, 1.0);
+        EXPECT_EQ(held.getType(), ArrayType::CELL);
+        Array dropped = nestedCells(3, 2.0);
+        dropped = Array();
+    }).join();
+}
+
+TEST(StructArray, FieldsKeepTheirOrderAndStartEmpty)
+{
+    StructArray const array = factory.createStructArray({2, 1}, {"zeta", "alpha", "mid_1"});
+    EXPECT_EQ(fieldNames(array), (std::vector<std::string>{"zeta", "alpha", "mid_1"}));
+    EXPECT_EQ(array.getNumberOfFields(), 3u);
+    EXPECT_EQ(array.getType(), ArrayType::STRUCT);
+    EXPECT_EQ(array[1]["alpha"], Array());
+    StructArray const noFields = factory.createStructArray({2, 1}, {});
+    EXPECT_EQ(noFields.getNumberOfElements(), 2u);
+    EXPECT_TRUE(fieldNames(noFields).empty());
+    EXPECT_EQ(factory.createArray(ArrayType::STRUCT, {2, 1}), noFields);
+    EXPECT_EQ(fieldNames(factory.createStructArray({0, 1}, {"a"})), (std::vector<std::string>{"a"}));
+}
+
+TEST(StructArray, IllegalAndUnknownFieldNamesAreRefused)
+{
+    EXPECT_NO_THROW(factory.createStructArray({1, 1}, {std::string(2049, 'a'), "a_1", "Z9"}));
+    for (std::string const& name : {std::string(), std::string("1a"), std::string("_a"), std::string("a b"),
+                                    std::string("a-b"), std::string("\xc3\xa9t\xc3\xa9"), std::string(2050, 'a')})
+        EXPECT_THROW_WHAT(factory.createStructArray({1, 1}, {"ok", name}), EIllegalStructFieldName,
+                          "\"" + name + "\" is not a legal field name: a field name begins with an ASCII letter, "
+                          "holds only ASCII letters, digits and underscores, and has at most 2049 of them.");
+    EXPECT_THROW_WHAT(factory.createStructArray({1, 1}, {"a", "b", "a"}), EIllegalStructFieldName,
+                      "The field name \"a\" is given twice.");
+    try {
+        factory.createStructArray({0, 0}, {"1a"});
+        ADD_FAILURE() << "an illegal name passed";
+    } catch (EIllegalStructFieldName const& e) {
+        EXPECT_EQ(e.getFieldName(), "1a");
+        EXPECT_EQ(e.code(), 5);
+    }
+    StructArray array = factory.createStructArray({1, 1}, {"a"});
+    std::string const text = "The struct array has no field called \"b\".";
+    EXPECT_THROW_WHAT(array[0]["b"], EIllegalStructFieldName, text);
+    EXPECT_THROW_WHAT(std::as_const(array)[0]["b"], EIllegalStructFieldName, text);
+}
+
+TEST(StructArray, FieldOrderDoesNotMatterForEquality)
+{
+    StructArray ab = factory.createStructArray({1, 1}, {"a", "b"});
+    StructArray ba = factory.createStructArray({1, 1}, {"b", "a"});
+    ab[0]["a"] = factory.createScalar(1.0);
+    ba[0]["a"] = factory.createScalar(1.0);
+    EXPECT_EQ(ab, ba);
+    ba[0]["b"] = factory.createScalar(1.0);
+    EXPECT_NE(ab, ba);
+    EXPECT_NE(ab, factory.createStructArray({1, 1}, {"a", "c"}));
+}
+
+TEST(CharArray, TextIsOneRowAndAMatrixIsInStorageOrder)
+{
+    CharArray const abc = factory.createCharArray(u"abc");
+    EXPECT_EQ(abc.getDimensions(), (std::vector<unsigned long>{1, 3}));
+    EXPECT_EQ(abc.toUTF16(), u"abc");
+    EXPECT_EQ(factory.createCharArray(u"").getDimensions(), (std::vector<unsigned long>{0, 0}));
+    // Rows abc and def, filled as a reader does from the text "adbecf".
+    CharArray matrix = factory.createCharArray(std::vector<unsigned long>{2, 3});
+    std::u16string const text = u"adbecf";
+    std::copy(text.begin(), text.end(), matrix.begin());
+    EXPECT_EQ(matrix.toUTF16(), text);
+    EXPECT_EQ(std::as_const(matrix)[1], u'd');
+}
+
+TEST(StringArray, MissingIsNotEmpty)
+{
+    TypedArray<OptionalText> strings = factory.createArray<OptionalText>({1, 3});
+    TypedArray<OptionalText> const none = strings;
+    auto it = getWritableElements<OptionalText>(strings).begin();
+    detail::setElement<OptionalText>(it.getRef(), OptionalText(u"abc"));
+    it.increment();
+    detail::setElement<OptionalText>(it.getRef(), OptionalText(u""));
+    std::vector<std::string> read;
+    for (ZORBALStringReferenceExt const element : getReadOnlyElements<OptionalText>(strings)) {
+        std::u16string const text = element.has_value() ? std::u16string(element) : u"<missing>";
+        read.emplace_back(text.begin(), text.end());
+    }
+    EXPECT_EQ(read, (std::vector<std::string>{"abc", "", "<missing>"}));
+    EXPECT_THROW_WHAT(std::u16string(std::as_const(strings)[2]), EMissingValue, "The string element is missing.");
+    TypedArray<OptionalText> emptied = none;
+    emptied[1] = OptionalText(u"");
+    EXPECT_NE(emptied, none);
+    strings[0] = OptionalText();
+    EXPECT_EQ(strings, emptied);
+}
+
+// Strings written from a view or filled in order are kept together; every copy must still see them
+// after the array and the buffer that made them are gone, whichever copy writes next.
+TEST(StringArray, StringsOutliveTheirBufferAndTheArrayThatMadeThem)
+{
+    auto const text = [](unsigned long i) {
+        return std::u16string(i % 50, u'x') + u"\u00e9" + std::u16string(1, char16_t(u'0' + i % 10));
+    };
+    std::u16string huge(200000, u'h');
+    auto original = std::make_unique<TypedArray<OptionalText>>(factory.createArray<OptionalText>({1, 64}));
+    auto const range = getWritableElements<OptionalText>(*original);
+    unsigned long i = 0;
+    for (auto it = range.begin(); i < 40; it.increment(), ++i)
+        it.getRef().setText(i == 7 ? std::u16string_view(huge) : std::u16string_view(text(i)));
+    TypedArray<OptionalText> copy = *original;
+    copy[40] = OptionalText(u"after the copy");
+    (*original)[41] = OptionalText(u"only in the original");
+    TypedArray<OptionalText> const second = copy;
+    original.reset();
+    huge.assign(200000, u'c');
+    for (int round = 0; round < 3; ++round)
+        copy[0] = OptionalText(u"overwritten " + std::u16string(1, char16_t(u'0' + round)));
+    copy[7] = OptionalText();
+    for (i = 0; i < 40; ++i)
+        EXPECT_EQ(second[i].view(), i == 7 ? std::u16string(200000, u'h') : text(i)) << i;
+    EXPECT_EQ(copy[0].view(), u"overwritten 2");
+    EXPECT_FALSE(copy[7].has_value());
+    EXPECT_EQ(second[40].view(), u"after the copy");
+    EXPECT_FALSE(second[41].has_value());
+}
+
+TEST(EnumArray, MembersAreNamesOfTheClass)
+{
+    EnumArray colors = factory.createEnumArray({1, 3}, "pkg.Color");
+    EXPECT_EQ(colors.getClassName(), "pkg.Color");
+    EnumArray const unset = colors;
+    int i = 0;
+    for (auto element : getWritableElements<Enumeration>(colors))
+        if (i++ < 2)
+            detail::setElement<std::string>(element, i == 1 ? "red" : "blue");
+    std::vector<std::string> names;
+    for (auto element : std::as_const(colors))
+        names.push_back(detail::castToString(element));
+    EXPECT_EQ(names, (std::vector<std::string>{"red", "blue", ""}));
+    EXPECT_EQ(Enumeration(std::as_const(colors)[1]), Enumeration("blue"));
+    EnumArray same = unset;
+    same[0] = "red";
+    same[1] = "blue";
+    EXPECT_EQ(same, colors);
+    same[1] = "red";
+    EXPECT_NE(same, colors);
+    EXPECT_NE(unset, factory.createEnumArray({1, 3}, "pkg.Shade"));
+}

@@ -1,0 +1,270 @@
+// Value objects, value object arrays, handle objects and the class filter: the rules the readers and
+// writers build on, and the failures only these calls can meet.
+#include "expect_throw.hpp"
+
+#include <foundation/zorbaldata.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace foundation::zorbaldata;
+
+namespace {
+
+using zorbal::data::detail::RefCounted;
+using Names = std::vector<std::string>;
+
+ArrayFactory const factory;
+
+ClassInfo classWith(std::string const& name, Names const& properties = {})
+{
+    std::vector<ZorbalPropertyIdentifier> identifiers(properties.begin(), properties.end());
+    return factory.createClassInfo(ZorbalClassIdentifier(name), identifiers);
+}
+
+Names propertyNames(ForwardIterator<Property const> it, ForwardIterator<Property const> const& end)
+{
+    Names names;
+    for (; it != end; ++it)
+        names.push_back(it->getIdentifier().getExternalPropertyName());
+    return names;
+}
+
+Names propertyNames(ValueObject const& object)
+{
+    return propertyNames(object.cbegin(), object.cend());
+}
+
+std::string className(RefCounted* record)
+{
+    return ClassInfo(record).getClassIdentifier().getFullyQualifiedClassName();
+}
+
+std::string exists(std::string const& name)
+{
+    return "The property \"" + name + "\" exists already.";
+}
+
+KVXID kvxId(unsigned char number)
+{
+    KVXID id;
+    id.bytes[0] = number;
+    id.text = "KVX:" + std::to_string(number) + std::string(15, '0');
+    return id;
+}
+
+/// The value a reader gives a handle: a 1-by-1 array holding one object of the class.
+Array valueOf(std::string const& name)
+{
+    ClassInfo const cls = classWith(name);
+    ValueObjectArray value = factory.createValueObjectArray({1, 1}, cls);
+    value[0] = factory.createValueObject(cls);
+    return value;
+}
+
+} // namespace
+
+TEST(ValueObject, EveryKeyFormFindsADeclaredPropertyAndAnUnknownKeyAddsOne)
+{
+    ValueObject object = factory.createValueObject(classWith("pkg.Cls", {"q", "p"}));
+    EXPECT_EQ(propertyNames(object), (Names{"q", "p"}));
+    EXPECT_EQ(object["p"], Array());
+    EXPECT_EQ(object.getClassInfo().getClassIdentifier().getFullyQualifiedClassName(), "pkg.Cls");
+    ZorbalPropertyIdentifier const bare("p");
+    ZorbalPropertyIdentifier const qualified("pkg.Cls", "p");
+    double value = 0;
+    for (std::string const& key : {std::string("p"), std::string(".p"), std::string("pkg.Cls.p"),
+                                   bare.getClassName() + "." + bare.getPropertyName(),
+                                   qualified.getClassName() + "." + qualified.getPropertyName()}) {
+        detail::setElement<Array>(object[key], factory.createScalar(++value));
+        EXPECT_EQ(std::as_const(object)[key], factory.createScalar(value)) << key;
+    }
+    EXPECT_EQ(propertyNames(object), (Names{"q", "p"}));
+
+    auto const begin = object.cbegin();
+    auto const end = object.cend();
+    object["zqclass"] = factory.createScalar(1.0);
+    object[".r"] = factory.createScalar(2.0);
+    object["other.Cls.s"] = factory.createScalar(3.0);
+    EXPECT_EQ(propertyNames(begin, end), (Names{"q", "p"}));
+    EXPECT_EQ(propertyNames(object), (Names{"q", "p", "zqclass", "r", "other.Cls.s"}));
+    EXPECT_EQ(std::as_const(object)["r"], factory.createScalar(2.0));
+    EXPECT_THROW_WHAT(std::as_const(object)["x"], ENoSuchProperty, "The object has no property \"x\".");
+    EXPECT_FALSE(object.hasProperty("x"));
+}
+
+TEST(ValueObject, PropertyAddedTwiceIsRefused)
+{
+    ValueObject object = factory.createValueObject(classWith("pkg.Cls", {"p"}));
+    object.addProperty(ZorbalPropertyIdentifier("q"), Array());
+    for (std::string const name : {"p", "q"})
+        EXPECT_THROW_WHAT(object.addProperty(ZorbalPropertyIdentifier(name), Array()), PropertyExistsException,
+                          exists(name));
+    EXPECT_THROW_WHAT(classWith("pkg.Cls", {"a", "b", "a"}), PropertyExistsException, exists("a"));
+}
+
+TEST(ValueObject, EqualityIgnoresPropertyOrder)
+{
+    ValueObject pq = factory.createValueObject(classWith("pkg.Cls", {"p", "q"}));
+    ValueObject qp = factory.createValueObject(classWith("pkg.Cls", {"q", "p"}));
+    EXPECT_EQ(pq, qp);
+    pq["p"] = factory.createScalar(1.0);
+    EXPECT_NE(pq, qp);
+    qp["p"] = factory.createScalar(1.0);
+    EXPECT_EQ(pq, qp);
+    EXPECT_NE(pq, factory.createValueObject(classWith("pkg.Other", {"p", "q"})));
+}
+
+TEST(ValueObjectArray, ClassOfTheElementsDecidesWhetherItIsHeterogeneous)
+{
+    ValueObjectArray mixed = factory.createValueObjectArray({1, 2});
+    EXPECT_EQ(mixed.getClassInfo().getClassIdentifier().getFullyQualifiedClassName(), "zorbal.mixin.Heterogeneous");
+    EXPECT_TRUE(object_array_is_heterogeneous_x(mixed));
+    mixed[0] = factory.createValueObject(classWith("pkg.A"));
+    mixed[1] = factory.createValueObject(classWith("pkg.A"));
+    EXPECT_TRUE(object_array_is_heterogeneous_x(mixed));
+    EXPECT_EQ(className(object_reference_get_class_info_x(std::as_const(mixed)[1].get())), "pkg.A");
+    EXPECT_TRUE(factory.createArray(ArrayType::VALUE_OBJECT, {0, 0}) == factory.createValueObjectArray({0, 0}));
+
+    ValueObjectArray array = factory.createValueObjectArray({1, 2}, classWith("pkg.A", {"p"}));
+    EXPECT_FALSE(array.isHeterogeneous());
+    // An element never set is a new object of the array's class.
+    RefCounted* raw = nullptr;
+    object_reference_shared_copy_x(std::as_const(array)[1].get(), &raw);
+    EXPECT_EQ(ValueObject(raw), factory.createValueObject(classWith("pkg.A", {"p"})));
+    EXPECT_EQ(propertyNames(ForwardIterator<Property const>(object_reference_begin_x(std::as_const(array)[1].get())),
+                            ForwardIterator<Property const>(object_reference_end_x(std::as_const(array)[1].get()))),
+              (Names{"p"}));
+    array[1] = factory.createValueObject(classWith("pkg.B"));
+    EXPECT_TRUE(array.isHeterogeneous());
+    array[1] = factory.createValueObject(classWith("pkg.A"));
+    EXPECT_FALSE(array.isHeterogeneous());
+}
+
+TEST(ValueObjectArray, SingleObjectWithExternalDimensionsAndArrayProperties)
+{
+    // As a reader builds {"zqdata":{"p":...},"zqmetadata":{"r":...},"zqsize":[2,2],"zqtype":"pkg.Cls"}.
+    ClassInfo const cls = classWith("pkg.Cls");
+    ValueObjectArray array = factory.createValueObjectArray({1, 1}, cls);
+    EXPECT_FALSE(array.isExternalDimensionsSet());
+    standalone::detail::setExternalDimensions(array, {2, 2}, true);
+    object_set_value_x(array[0].get(), factory.createValueObject(cls).get());
+    standalone::detail::addProperty(array[0], ZorbalPropertyIdentifier("p"), factory.createArray<double>({2, 2}));
+    standalone::detail::addArrayProperty(array, ZorbalPropertyIdentifier("r"), factory.createScalar(1.0), true);
+    EXPECT_TRUE(array.isExternalDimensionsSet());
+    EXPECT_EQ(array.getExternalDimensions(), (std::vector<unsigned long>{2, 2}));
+    EXPECT_EQ(propertyNames(array.beginArrayProp(), array.endArrayProp()), (Names{"r"}));
+    EXPECT_EQ(propertyNames(ValueObject(std::as_const(array)[0])), (Names{"p"}));
+    for (std::string const name : {"p", "r"})
+        EXPECT_THROW_WHAT(standalone::detail::addArrayProperty(array, ZorbalPropertyIdentifier(name), Array(), true),
+                          PropertyExistsException, exists(name));
+    EXPECT_THROW_WHAT(standalone::detail::addProperty(array[0], ZorbalPropertyIdentifier("p"), Array()),
+                      PropertyExistsException, exists("p"));
+    // Without rejection a property given again takes the new value.
+    array.addArrayProperty(ZorbalPropertyIdentifier("r"), factory.createScalar(2.0), false);
+    EXPECT_EQ(array.beginArrayProp()->castToArray(), factory.createScalar(2.0));
+    EXPECT_EQ(propertyNames(array.beginArrayProp(), array.endArrayProp()), (Names{"r"}));
+
+    standalone::detail::setExternalDimensions(array, {1, 1}, true);
+    EXPECT_TRUE(array.isExternalDimensionsSet());
+    standalone::detail::setExternalDimensions(array, {}, false);
+    EXPECT_FALSE(array.isExternalDimensionsSet());
+}
+
+TEST(ValueObjectArray, FactoryWithoutObjectsRefusesToMakeThem)
+{
+    ArrayFactory const noObjects(ArrayFactory::Objects::NotSupported);
+    ClassInfo const cls = noObjects.createClassInfo(ZorbalClassIdentifier("pkg.Cls"));
+    std::string const text = "This array factory makes no objects.";
+    EXPECT_THROW_WHAT(noObjects.createValueObject(cls), ObjectNotSupportedException, text);
+    EXPECT_THROW_WHAT(noObjects.createValueObjectArray({1, 1}), ObjectNotSupportedException, text);
+    EXPECT_THROW_WHAT(noObjects.createArray(ArrayType::VALUE_OBJECT, {1, 1}), ObjectNotSupportedException, text);
+    EXPECT_THROW_WHAT(noObjects.createHandleObjectRef(KVXID(), 1), ObjectNotSupportedException, text);
+    try {
+        noObjects.createValueObject(cls);
+    } catch (ObjectNotSupportedException const& e) {
+        EXPECT_EQ(e.getClassName(), "pkg.Cls");
+        EXPECT_EQ(e.code(), 28);
+    }
+}
+
+TEST(ValueObjectArray, RawOperationsCheckWhatTheyAreGiven)
+{
+    TypedArray<Array> cells = factory.createArray<Array>({1, 1});
+    ValueObject const object = factory.createValueObject(classWith("pkg.Cls"));
+    EXPECT_THROW_WHAT(object_set_value_x(cells[0].get(), object.get()), ETypeMismatch,
+                      "The reference names no element of a value object array.");
+    ValueObjectArray array = factory.createValueObjectArray({1, 1});
+    RefCounted* const record = object_array_get_class_info_x(array);
+    EXPECT_THROW_WHAT(object_set_value_x(array[0].get(), record), ETypeMismatch,
+                      "Only an object can be stored in a value object array.");
+    object_destroy_impl_x(record);
+    object.get()->addRef();
+    EXPECT_THROW_WHAT(ClassInfo(object.get()), ETypeMismatch, "A ClassInfo wraps a class record.");
+}
+
+TEST(HandleObject, IdentityValueAndFlags)
+{
+    HandleObjectRef const handle = factory.createHandleObjectRef(kvxId(44), 17);
+    EXPECT_EQ(handle->get_kvx_id(), kvxId(44));
+    EXPECT_EQ(handle->get_object_id(), 17);
+    EXPECT_EQ(handle->get_class_name(), "");
+    EXPECT_FALSE(handle->is_serializable_by_value());
+    EXPECT_THROW_WHAT(handle->get_value(), EMissingValue, "The handle object has no value.");
+    HandleObjectRef const copy = handle;
+    EXPECT_EQ(copy, handle);
+    EXPECT_NE(copy, factory.createHandleObjectRef(kvxId(44), 17));
+
+    // A reader's value, with its flags, makes it serializable through every copy.
+    Array const value = valueOf("pkg.H");
+    copy->set_value(value, 3);
+    EXPECT_TRUE(handle->is_serializable_by_value());
+    EXPECT_EQ(handle->get_class_name(), "pkg.H");
+    EXPECT_EQ(handle->get_value(), value);
+    handle->set_value(value, 0);
+    EXPECT_FALSE(handle->is_serializable_by_value());
+    EXPECT_EQ(handle->get_class_name(), "pkg.H");
+    handle->set_value(factory.createScalar(1.0), HandleObjectImpl::SerializableByValue);
+    EXPECT_TRUE(handle->is_serializable_by_value());
+    EXPECT_EQ(handle->get_class_name(), "");
+    EXPECT_THROW_WHAT(handle->set_value(factory.createScalar(2.0), HandleObjectImpl::CheckValue), ETypeMismatch,
+                      "The value of a handle object is a value object array of one element.");
+    EXPECT_EQ(handle->get_value(), factory.createScalar(1.0));
+
+    HandleObjectRef const null;
+    EXPECT_TRUE(null.isNull());
+    EXPECT_EQ(null->get_class_name(), "");
+    EXPECT_FALSE(null->is_serializable_by_value());
+    EXPECT_THROW_WHAT(null->get_value(), EMissingValue, "The null handle has no value.");
+    EXPECT_THROW_WHAT(null->set_value(Array(), 3), EInvalidArgument, "The null handle cannot be given a value.");
+}
+
+TEST(ObjectTypeFilter, EachFilterAcceptsOrRefusesAClass)
+{
+    auto const refusal = [](std::string const& name, std::string const& reason) {
+        return "Objects of class \"" + name + "\" may not be written: " + reason + ".";
+    };
+    std::string const notListed = "the class is not on the list of allowed classes";
+    for (std::string const name : {"", "pkg.Cls", "zorbal.mixin.Heterogeneous"})
+        EXPECT_NO_THROW(detail::validateObjectTypeFilter(ObjectFilter::AllowAll, name));
+    EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(ObjectFilter::AllowListed, "pkg.Cls"),
+                      ObjectNotSupportedException, refusal("pkg.Cls", notListed));
+    allowObjectClass("pkg.Cls");
+    EXPECT_NO_THROW(detail::validateObjectTypeFilter(ObjectFilter::AllowListed, "pkg.Cls"));
+    EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(ObjectFilter::AllowListed, "pkg.Other"),
+                      ObjectNotSupportedException, refusal("pkg.Other", notListed));
+    EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(ObjectFilter::DenyAll, "pkg.Cls"), ObjectNotSupportedException,
+                      refusal("pkg.Cls", "the object type filter allows no class"));
+    EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(static_cast<ObjectFilter>(3), ""), ObjectNotSupportedException,
+                      refusal("", "the object type filter 3 is unknown"));
+    try {
+        detail::validateObjectTypeFilter(ObjectFilter::DenyAll, "pkg.Cls");
+    } catch (ObjectNotSupportedException const& e) {
+        EXPECT_EQ(e.getClassName(), "pkg.Cls");
+    }
+    disallowObjectClass("pkg.Cls");
+    EXPECT_FALSE(isObjectClassAllowed("pkg.Cls"));
+    clearAllowedObjectClasses();
+}
