@@ -119,31 +119,15 @@ using PlainTypes = testing::Types<bool, char16_t, double, float, signed char, un
     std::complex<unsigned int>, std::complex<long long>, std::complex<unsigned long long>>;
 TYPED_TEST_SUITE(PlainElementTypes, PlainTypes);
 
-template <typename T>
-T sample(int i)
-{
-    if constexpr (detail::isComplex<T>)
-        return T(static_cast<typename T::value_type>(i + 1), static_cast<typename T::value_type>(i + 2));
-    else if constexpr (std::is_same_v<T, bool>)
-        return i % 2 == 0;
-    else
-        return static_cast<T>(i + 1);
-}
-
-TYPED_TEST(PlainElementTypes, StartZeroAndKeepWhatIsWritten)
+// Each plain element type gives its array type, and a new array of it holds zeros.
+TYPED_TEST(PlainElementTypes, GiveTheirTypeAndStartZero)
 {
     using T = TypeParam;
-    TypedArray<T> array = factory.createArray<T>({2, 3});
+    TypedArray<T> const array = factory.createArray<T>({2, 3});
     EXPECT_EQ(array.getType(), detail::ElementType<T>::value);
-    auto const before = getReadOnlyElements<T>(array);
-    EXPECT_TRUE(std::all_of(before.begin(), before.end(), [](T const& x) { return x == T(); }));
-    int i = 0;
-    for (T& element : getWritableElements<T>(array))
-        element = sample<T>(i++);
-    auto const after = getReadOnlyElements<T>(array);
-    ASSERT_EQ(after.end() - after.begin(), 6);
-    for (int k = 0; k < 6; ++k)
-        EXPECT_EQ(after.begin()[k], sample<T>(k));
+    auto const elements = getReadOnlyElements<T>(array);
+    EXPECT_EQ(elements.end() - elements.begin(), 6);
+    EXPECT_TRUE(std::all_of(elements.begin(), elements.end(), [](T const& x) { return x == T(); }));
 }
 
 // An array made on a buffer holds it as its own elements: no copy, its deleter called once, and a
