@@ -44,24 +44,22 @@ TEST(CopyOnWrite, EveryKindOfElementIsCopiedBeforeAWrite)
         std::function<Array()> make;
         std::function<Array(Array)> write;
     };
+    using Text = zorbal::data::optional<std::u16string>;
     std::vector<Case> const cases{
         {"cell", [] { return factory.createArray(ArrayType::CELL, {1, 2}); },
-         [](TypedArray<Array> view) { view[0] = factory.createScalar(1.0); return view; }},
+         [](TypedArray<Array> a) { a[0] = factory.createScalar(1.0); return a; }},
         {"string", [] { return factory.createArray(ArrayType::STRING, {1, 2}); },
-         [](TypedArray<zorbal::data::optional<std::u16string>> view) { view[0] = std::u16string(u"x"); return view; }},
+         [](TypedArray<Text> a) { a[0] = std::u16string(u"x"); return a; }},
         {"struct", [] { return factory.createStructArray({1, 2}, {"f"}); },
-         [](StructArray view) { view[0]["f"] = factory.createScalar(1.0); return view; }},
+         [](StructArray a) { a[0]["f"] = factory.createScalar(1.0); return a; }},
         {"value object", [&] { return factory.createValueObjectArray({1, 2}, cls); },
-         [](ValueObjectArray view) { view[0]["p"] = factory.createScalar(1.0); return view; }},
+         [](ValueObjectArray a) { a[0]["p"] = factory.createScalar(1.0); return a; }},
         {"handle", [] { return factory.createArray(ArrayType::HANDLE_OBJECT_REF, {1, 2}); },
-         [](TypedArray<HandleObjectRef> view) { view[0] = factory.createHandleObjectRef(KVXID(), 1); return view; }},
+         [](TypedArray<HandleObjectRef> a) { a[0] = factory.createHandleObjectRef(KVXID(), 1); return a; }},
         {"enumeration", [] { return factory.createEnumArray({1, 2}, "pkg.Color"); },
-         [](EnumArray view) { view[0] = "red"; return view; }},
+         [](EnumArray a) { a[0] = "red"; return a; }},
         {"array property", [&] { return factory.createValueObjectArray({1, 1}, cls); },
-         [](ValueObjectArray view) {
-             view.addArrayProperty(ZorbalPropertyIdentifier("meta"), Array(), true);
-             return view;
-         }},
+         [](ValueObjectArray a) { a.addArrayProperty(ZorbalPropertyIdentifier("meta"), Array(), true); return a; }},
     };
     for (auto const& kind : cases) {
         Array const pristine = kind.make();

@@ -38,12 +38,11 @@ Indices indices(std::vector<unsigned long> const& values)
 
 /// Builds a sparse array as a reader does: three buffers from the factory, handed over.
 template <typename T>
-Array sparse(ArrayType type, ArrayType valueType, std::vector<unsigned long> const& rows,
-             std::vector<unsigned long> const& cols, std::vector<T> const& values,
-             std::vector<unsigned long> dimensions = {3, 3})
+Array sparse(ArrayType type, std::vector<unsigned long> const& rows, std::vector<unsigned long> const& cols,
+             std::vector<T> const& values, std::vector<unsigned long> dimensions = {3, 3})
 {
-    return factory.createSparseArray(std::move(dimensions), rows.size(), type, buffer(valueType, values),
-                                     indices(rows), indices(cols));
+    return factory.createSparseArray(std::move(dimensions), rows.size(), type,
+                                     buffer(detail::ElementType<T>::value, values), indices(rows), indices(cols));
 }
 
 template <typename T>
@@ -67,27 +66,18 @@ Contents<T> contents(SparseArray<T> const& array)
 
 TEST(SparseArray, EntriesAreSortedCombinedAndZerosDropped)
 {
-    SparseArray<double> const array =
-        sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {2, 0, 1, 0}, {2, 1, 0, 0}, {9, 5.5, 1, 4});
+    using C = std::complex<float>;
+    SparseArray<double> const array = sparse<double>(ArrayType::SPARSE_DOUBLE, {2, 0, 1, 0}, {2, 1, 0, 0}, {9, 5.5, 1, 4});
     EXPECT_EQ(contents(array), (Contents<double>{{0, 1, 0, 2}, {0, 0, 1, 2}, {4, 1, 5.5, 9}}));
     EXPECT_EQ(array.getNumberOfElements(), 9u);
-    EXPECT_EQ(array.getType(), ArrayType::SPARSE_DOUBLE);
-    EXPECT_EQ(array, sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {0, 0, 1, 2}, {1, 0, 0, 2}, {5.5, 4, 1, 9}));
-    EXPECT_NE(array, sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {0, 0, 1, 2}, {1, 0, 0, 2}, {5.5, 4, 1, 8}));
-
-    SparseArray<double> const numbers =
-        sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {1, 0, 1}, {1, 0, 1}, {2, 7, 3});
-    EXPECT_EQ(contents(numbers), (Contents<double>{{0, 1}, {0, 1}, {7, 5}}));
-    SparseArray<bool> const logicals =
-        sparse<bool>(ArrayType::SPARSE_LOGICAL, ArrayType::LOGICAL, {1, 1, 1}, {2, 2, 2}, {true, true, true});
-    EXPECT_EQ(contents(logicals), (Contents<bool>{{1}, {2}, {true}}));
-    using C = std::complex<float>;
-    SparseArray<C> const complex =
-        sparse<C>(ArrayType::SPARSE_COMPLEX_SINGLE, ArrayType::COMPLEX_SINGLE, {0, 0}, {0, 0}, {C(1, 2), C(3, -1)});
-    EXPECT_EQ(contents(complex), (Contents<C>{{0}, {0}, {C(4, 1)}}));
-    SparseArray<float> const zeros =
-        sparse<float>(ArrayType::SPARSE_SINGLE, ArrayType::SINGLE, {0, 1, 1, 2}, {0, 1, 1, 2}, {0, 2, -2, 3});
-    EXPECT_EQ(contents(zeros), (Contents<float>{{2}, {2}, {3}}));
+    EXPECT_EQ(array, sparse<double>(ArrayType::SPARSE_DOUBLE, {0, 0, 1, 2}, {1, 0, 0, 2}, {5.5, 4, 1, 9}));
+    EXPECT_NE(array, sparse<double>(ArrayType::SPARSE_DOUBLE, {0, 0, 1, 2}, {1, 0, 0, 2}, {5.5, 4, 1, 8}));
+    EXPECT_EQ(contents(SparseArray<bool>(sparse<bool>(ArrayType::SPARSE_LOGICAL, {1, 1, 1}, {2, 2, 2}, {true, true, true}))),
+              (Contents<bool>{{1}, {2}, {true}}));
+    EXPECT_EQ(contents(SparseArray<C>(sparse<C>(ArrayType::SPARSE_COMPLEX_SINGLE, {0, 0}, {0, 0}, {C(1, 2), C(3, -1)}))),
+              (Contents<C>{{0}, {0}, {C(4, 1)}}));
+    EXPECT_EQ(contents(SparseArray<float>(sparse<float>(ArrayType::SPARSE_SINGLE, {0, 1, 1, 2}, {0, 1, 1, 2}, {0, 2, -2, 3}))),
+              (Contents<float>{{2}, {2}, {3}}));
 }
 
 TEST(SparseArray, BuffersAreTakenOverAndNoStoredElementNeedsNone)
@@ -107,13 +97,13 @@ TEST(SparseArray, BuffersAreTakenOverAndNoStoredElementNeedsNone)
 
 TEST(SparseArray, BadInputIsRefused)
 {
-    EXPECT_THROW_WHAT(sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {0, 3}, {0, 0}, {1, 2}),
+    EXPECT_THROW_WHAT(sparse<double>(ArrayType::SPARSE_DOUBLE, {0, 3}, {0, 0}, {1, 2}),
                       EIndexOutOfRange, "Sparse entry 1 lies at row 3, column 0, outside the 3x3 array.");
-    EXPECT_THROW_WHAT(sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {0}, {4}, {1}), EIndexOutOfRange,
+    EXPECT_THROW_WHAT(sparse<double>(ArrayType::SPARSE_DOUBLE, {0}, {4}, {1}), EIndexOutOfRange,
                       "Sparse entry 0 lies at row 0, column 4, outside the 3x3 array.");
-    EXPECT_THROW_WHAT(sparse<double>(ArrayType::SPARSE_DOUBLE, ArrayType::DOUBLE, {0}, {0}, {1}, {2, 2, 2}),
+    EXPECT_THROW_WHAT(sparse<double>(ArrayType::SPARSE_DOUBLE, {0}, {0}, {1}, {2, 2, 2}),
                       EInvalidArgument, "A sparse array has two dimensions; 3 were given.");
-    EXPECT_THROW_WHAT(sparse<double>(ArrayType::DOUBLE, ArrayType::DOUBLE, {0}, {0}, {1}), ETypeMismatch,
+    EXPECT_THROW_WHAT(sparse<double>(ArrayType::DOUBLE, {0}, {0}, {1}), ETypeMismatch,
                       "double is no sparse type.");
     EXPECT_THROW_WHAT(factory.createSparseArray({3, 3}, 1, ArrayType::SPARSE_DOUBLE, Owned(nullptr, nullptr),
                                                 indices({0}), indices({0})),
