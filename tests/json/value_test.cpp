@@ -1,13 +1,16 @@
-// Value: tags and visiting, copying, moving, assigning, comparing and very deep trees.
+// Value: tags, visiting and json_cast, copying, moving, assigning, comparing and very deep trees.
 #include <foundation/json/value.hpp>
 
 #include <foundation/json/json_cast.hpp>
 #include <foundation/json/serialize.hpp>
 #include <foundation/json/visit.hpp>
 
+#include "expect_throw.hpp"
+
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <typeindex>
@@ -62,6 +65,48 @@ TEST(JsonValue, ConstructorsGiveTheirTagsAndVisitReachesTheirOverload)
     EXPECT_EQ(seen, &json_cast<Array>(array));
 }
 
+// The names messages give the alternatives, by tag.
+char const* const names[] = {
+    "undefined value", "JSON null",  "JSON boolean",         "JSON number",         "JSON string",
+    "JSON array",      "JSON object", "JSON number (single)", "JSON number (int64)", "JSON number (uint64)",
+};
+
+// Casting each of one_of_each() to T: the one holding T gives what it holds, every other throws with
+// the exact text.
+template <typename T>
+void check_casts_to(int tag)
+{
+    for (Value const& sample : one_of_each()) {
+        if (sample.which() == tag)
+            EXPECT_EQ(Value(json_cast<T>(sample)), sample) << names[tag];
+        else
+            EXPECT_THROW_WHAT(json_cast<T>(sample), std::runtime_error,
+                              std::string("invalid conversion: ") + names[sample.which()] + " to " + names[tag]);
+    }
+}
+
+TEST(JsonCast, GivesOnlyTheExactAlternative)
+{
+    check_casts_to<Undefined>(0);
+    check_casts_to<Null>(1);
+    check_casts_to<bool>(2);
+    check_casts_to<double>(3);
+    check_casts_to<std::string>(4);
+    check_casts_to<Array>(5);
+    check_casts_to<Object>(6);
+    check_casts_to<float>(7);
+    check_casts_to<long long>(8);
+    check_casts_to<unsigned long long>(9);
+}
+
+TEST(JsonCast, MutableAccessChangesTheValueInPlace)
+{
+    Value value = Array();
+    json_cast<Array>(value).push_back(1.0);
+    json_cast<double>(json_cast<Array>(value)[0]) = 2.0;
+    EXPECT_EQ(value, Value(Array{2.0}));
+}
+
 TEST(JsonValue, CopyIsIndependentAndAssignmentMayComeFromInsideTheTree)
 {
     Value const original = nested_sample();
@@ -111,26 +156,21 @@ TEST(JsonValue, Equality)
 {
     double const nan = std::numeric_limits<double>::quiet_NaN();
     struct Case {
-        char const* what;
         Value a;
         Value b;
         bool equal;
     };
-    static const Case cases[] = {
-        {"undefined", Value(), Undefined(), true}, {"null", Null(), Null(), true},
-        {"undefined is no null", Value(), Null(), false}, {"double is no float", 1.0, 1.0f, false},
-        {"int64 is no uint64", 1LL, 1ULL, false}, {"signed zeros", 0.0, -0.0, true}, {"NaN", nan, nan, false},
-        {"NaN in an array", Array{nan}, Array{nan}, false}, {"array sizes", Array{1.0}, Array{1.0, 1.0}, false},
-        {"array last element", Array{1.0, 2.0}, Array{1.0, 3.0}, false},
-        {"object keys", Object{{"a", 1.0}}, Object{{"b", 1.0}}, false},
-        {"nested object value", nested_sample(),
-         Object{{"list", Array{1.0, "two", Object{{"deep", Array{4LL}}}}}, {"name", "zq"}}, false},
-        {"nested equal", nested_sample(), nested_sample(), true},
-        {"empty array is no empty object", Array(), Object(), false},
-    };
-    for (Case const& c : cases) {
-        EXPECT_EQ(c.a == c.b, c.equal) << c.what;
-        EXPECT_EQ(c.b == c.a, c.equal) << c.what;
+    // Undefined is no null, a double no float, an int64 no uint64, an empty array no empty object; NaN
+    // equals nothing, not even itself inside an array.
+    static const Case cases[] = {{Value(), Undefined(), true}, {Null(), Null(), true}, {Value(), Null(), false},
+        {1.0, 1.0f, false}, {1LL, 1ULL, false}, {0.0, -0.0, true}, {nan, nan, false}, {Array{nan}, Array{nan}, false},
+        {Array{1.0}, Array{1.0, 1.0}, false}, {Array{1.0, 2.0}, Array{1.0, 3.0}, false},
+        {Object{{"a", 1.0}}, Object{{"b", 1.0}}, false}, {Array(), Object(), false},
+        {nested_sample(), Object{{"list", Array{1.0, "two", Object{{"deep", Array{4LL}}}}}, {"name", "zq"}}, false},
+        {nested_sample(), nested_sample(), true}};
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        EXPECT_EQ(cases[i].a == cases[i].b, cases[i].equal) << "row " << i;
+        EXPECT_EQ(cases[i].b == cases[i].a, cases[i].equal) << "row " << i;
     }
 }
 

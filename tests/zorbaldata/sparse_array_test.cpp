@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <complex>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 using namespace foundation::zorbaldata;
@@ -17,41 +19,38 @@ ArrayFactory const factory;
 
 using Owned = std::unique_ptr<void, void (*)(void*)>;
 using Indices = std::unique_ptr<unsigned long[], void (*)(void*)>;
+using Places = std::vector<unsigned long>;
 
+// A buffer from the factory holding values, as a reader fills one.
 template <typename T>
-Owned buffer(ArrayType type, std::vector<T> const& values)
+Owned buffer(std::vector<T> const& values, ArrayType type = detail::ElementType<T>::value)
 {
     void* data = nullptr;
     void (*deleter)(void*) = nullptr;
     factory.createBuffer(&data, &deleter, type, values.size());
-    for (std::size_t i = 0; i < values.size(); ++i)
-        static_cast<T*>(data)[i] = values[i];
+    std::copy(values.begin(), values.end(), static_cast<T*>(data));
     return Owned(data, deleter);
 }
 
-Indices indices(std::vector<unsigned long> const& values)
+Indices indices(Places const& places)
 {
-    Owned owned = buffer<unsigned long>(ArrayType::UINT64, values);
+    Owned owned = buffer(places, ArrayType::UINT64);
     auto const deleter = owned.get_deleter();
     return Indices(static_cast<unsigned long*>(owned.release()), deleter);
 }
 
-/// Builds a sparse array as a reader does: three buffers from the factory, handed over.
+/// A sparse array made as a reader makes it: three buffers from the factory, handed over.
 template <typename T>
-Array sparse(ArrayType type, std::vector<unsigned long> const& rows, std::vector<unsigned long> const& cols,
-             std::vector<T> const& values, std::vector<unsigned long> dimensions = {3, 3})
+Array sparse(ArrayType type, Places const& rows, Places const& cols, std::vector<T> const& values,
+             Places dimensions = {3, 3})
 {
-    return factory.createSparseArray(std::move(dimensions), rows.size(), type,
-                                     buffer(detail::ElementType<T>::value, values), indices(rows), indices(cols));
+    return factory.createSparseArray(std::move(dimensions), rows.size(), type, buffer(values), indices(rows),
+                                     indices(cols));
 }
 
+// The rows, columns and values of the stored elements, in storage order.
 template <typename T>
-struct Contents {
-    std::vector<unsigned long> rows;
-    std::vector<unsigned long> cols;
-    std::vector<T> values;
-    friend bool operator==(Contents const&, Contents const&) = default;
-};
+using Contents = std::tuple<Places, Places, std::vector<T>>;
 
 template <typename T>
 Contents<T> contents(SparseArray<T> const& array)
@@ -82,7 +81,7 @@ TEST(SparseArray, EntriesAreSortedCombinedAndZerosDropped)
 
 TEST(SparseArray, BuffersAreTakenOverAndNoStoredElementNeedsNone)
 {
-    Owned values = buffer<double>(ArrayType::DOUBLE, {1, 2});
+    Owned values = buffer<double>({1, 2});
     void const* const given = values.get();
     SparseArray<double> const array = factory.createSparseArray({3, 3}, 2, ArrayType::SPARSE_DOUBLE, std::move(values),
                                                                 indices({0, 2}), indices({1, 1}));

@@ -1,17 +1,23 @@
-// The catalogue of the notation's failures: exact class and exact text, arguments kept verbatim.
+// The catalogue of the notation's failures (exact class and exact text, arguments kept verbatim), and
+// the exported layer's own failure, caught as a ConvertError and never as a ParseError.
 #include <frontend/detail/parse_error.hpp>
 
-#include <gtest/gtest.h>
+#include <foundation/zorbaldata/json/convert_error.hpp>
+
+#include "expect_throw.hpp"
 
 #include <functional>
 #include <ostream>
 #include <string>
 #include <typeindex>
+#include <type_traits>
 #include <typeinfo>
 
 namespace {
 
 using namespace foundation::zorbaljson;
+using foundation::zorbaldata::json::ConvertError;
+using foundation::zorbaldata::json::InvalidInputJSONValue;
 
 struct Case {
     std::type_index type;
@@ -90,5 +96,16 @@ INSTANTIATE_TEST_SUITE_P(AllClasses, ParseErrorCatalogue,
         row<InvaildKVXID>("Handle array does not have a valid KVX ID."),
         row<InvalidStringElemType>(R"(String array must contain JSON String, or {"zqdata":"missing"})"),
         row<NestingTooDeep>("JSON nested deeper than 1000 levels cannot be read", 1000UL)));
+
+static_assert(std::is_base_of_v<ConvertError, InvalidInputJSONValue>);
+static_assert(std::is_base_of_v<std::runtime_error, ConvertError>);
+static_assert(!std::is_base_of_v<ParseError, ConvertError>);
+
+TEST(ConvertError, InvalidInputHasItsFixedText)
+{
+    EXPECT_THROW_WHAT(throw InvalidInputJSONValue(), InvalidInputJSONValue,
+        "Input value is either foundation::json::Undefined or foundation::json::Null. The value cannot be "
+        "converted to ZORBAL Data Array.");
+}
 
 } // namespace
