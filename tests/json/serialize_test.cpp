@@ -61,17 +61,8 @@ TEST(Serialize, NumbersStringsLiteralsAndNesting)
 TEST(Serialize, IndentedForPeople)
 {
     Value const tree = Object{{"b", Array{1.0, Object{{"c", true}}, Array()}}, {"a", Object()}, {"d", "x"}};
-    EXPECT_EQ(serialize(tree, 2), "{\n"
-                                  "  \"a\": {},\n"
-                                  "  \"b\": [\n"
-                                  "    1,\n"
-                                  "    {\n"
-                                  "      \"c\": true\n"
-                                  "    },\n"
-                                  "    []\n"
-                                  "  ],\n"
-                                  "  \"d\": \"x\"\n"
-                                  "}");
+    EXPECT_EQ(serialize(tree, 2), "{\n  \"a\": {},\n  \"b\": [\n    1,\n    {\n      \"c\": true\n    },\n    []\n  ],\n"
+                                  "  \"d\": \"x\"\n}");
     EXPECT_EQ(serialize(Array{1.0, 2.0}, 1), "[\n 1,\n 2\n]");
     EXPECT_EQ(serialize(tree, 0), serialize(tree));
     EXPECT_EQ(serialize(1.5, 4), "1.5");

@@ -41,8 +41,7 @@ TEST(ArrayHandle, DefaultAndMovedFromHandlesAreAnEmptyDoubleMatrix)
     EXPECT_EQ(none, factory.createArray(ArrayType::DOUBLE, {0, 0}));
     EXPECT_NE(none, factory.createArray(ArrayType::DOUBLE, {0, 3}));
     EXPECT_NE(none, factory.createArray(ArrayType::LOGICAL, {0, 0}));
-    TypedArray<double> const view(none);
-    EXPECT_EQ(view.begin(), view.end());
+    EXPECT_EQ(TypedArray<double>(none).begin(), TypedArray<double>(none).end());
     Array source = factory.createScalar(5.0);
     Array const target = std::move(source);
     EXPECT_EQ(target.getNumberOfElements(), 1u);
