@@ -37,15 +37,6 @@ std::string exists(std::string const& name)
     return "The property \"" + name + "\" exists already.";
 }
 
-/// The value a reader gives a handle: a 1-by-1 array holding one object of the class.
-Array valueOf(std::string const& name)
-{
-    ClassInfo const cls = classWith(name);
-    ValueObjectArray value = factory.createValueObjectArray({1, 1}, cls);
-    value[0] = factory.createValueObject(cls);
-    return value;
-}
-
 } // namespace
 
 TEST(ValueObject, EveryKeyFormFindsADeclaredPropertyAndAnUnknownKeyAddsOne)
@@ -166,7 +157,10 @@ TEST(HandleObject, ValueFlagsAndTheNullHandle)
     EXPECT_THROW_WHAT(handle->get_value(), EMissingValue, "The handle object has no value.");
     HandleObjectRef const copy = handle;
     EXPECT_NE(copy, factory.createHandleObjectRef(KVXID(), 17));
-    copy->set_value(valueOf("pkg.H"), 0);
+    // The value a reader gives a handle: a 1-by-1 array holding one object of the class.
+    ValueObjectArray value = factory.createValueObjectArray({1, 1}, classWith("pkg.H"));
+    value[0] = factory.createValueObject(classWith("pkg.H"));
+    copy->set_value(value, 0);
     EXPECT_FALSE(handle->is_serializable_by_value());
     EXPECT_EQ(handle->get_class_name(), "pkg.H");
     handle->set_value(factory.createScalar(1.0), HandleObjectImpl::SerializableByValue);
