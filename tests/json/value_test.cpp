@@ -85,18 +85,17 @@ void check_casts_to(int tag)
     }
 }
 
+// The alternatives in tag order.
+template <typename... T>
+void check_casts_to_each()
+{
+    int tag = 0;
+    (check_casts_to<T>(tag++), ...);
+}
+
 TEST(JsonCast, GivesOnlyTheExactAlternative)
 {
-    check_casts_to<Undefined>(0);
-    check_casts_to<Null>(1);
-    check_casts_to<bool>(2);
-    check_casts_to<double>(3);
-    check_casts_to<std::string>(4);
-    check_casts_to<Array>(5);
-    check_casts_to<Object>(6);
-    check_casts_to<float>(7);
-    check_casts_to<long long>(8);
-    check_casts_to<unsigned long long>(9);
+    check_casts_to_each<Undefined, Null, bool, double, std::string, Array, Object, float, long long, unsigned long long>();
 }
 
 TEST(JsonCast, MutableAccessChangesTheValueInPlace)
