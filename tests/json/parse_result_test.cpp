@@ -1,10 +1,7 @@
-// Tests of the parse outcome codes: fixed numbers and their descriptions.
+// The parse outcome codes: fixed numbers and their descriptions.
 #include <foundation/json/parse_result.hpp>
 
 #include <gtest/gtest.h>
-
-#include <set>
-#include <string>
 
 using namespace foundation::json;
 
@@ -42,17 +39,10 @@ TEST(ParseResult, CodesKeepTheirNumbersAndDescriptions)
         {BadInteger, 20, "Expected a plain integer in typed integer data"},
         {NestingTooDeep, 21, "Arrays and objects nested too deeply"},
     };
-    std::set<std::string> distinct;
     for (Case const& c : cases) {
         EXPECT_EQ(static_cast<int>(c.code), c.number);
         EXPECT_STREQ(get_parse_result_description(c.code), c.description) << c.number;
-        distinct.insert(c.description);
     }
-    EXPECT_EQ(distinct.size(), std::size(cases));
-}
-
-TEST(ParseResult, NumbersThatAreNoCodeAreUnknown)
-{
     for (int number : {-1, 22, 1000})
         EXPECT_STREQ(get_parse_result_description(static_cast<ParseResult>(number)), "Unknown parse result");
 }
