@@ -41,20 +41,15 @@ void DocumentGenerator::number(std::string& out)
 
 void DocumentGenerator::string(std::string& out)
 {
-    out += '"';
-    out += string_spellings[below(string_spellings.size())];
-    out += '"';
+    out.append("\"").append(string_spellings[below(string_spellings.size())]).append("\"");
 }
 
 void DocumentGenerator::list(
     std::string& out, std::size_t count, int depth, void (DocumentGenerator::*element)(std::string&, int))
 {
     out += '[';
-    for (std::size_t i = 0; i < count; ++i) {
-        if (i != 0)
-            out += chance(8) ? " , " : ",";
-        (this->*element)(out, depth);
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        (this->*element)(out += i == 0 ? "" : chance(8) ? " , " : ",", depth);
     out += ']';
 }
 
@@ -63,11 +58,7 @@ void DocumentGenerator::object_element(std::string& out, int depth)
     out += '{';
     std::size_t const count = below(4);
     for (std::size_t i = 0; i < count; ++i) {
-        if (i != 0)
-            out += ',';
-        out += '"';
-        out += chance(3) ? "zqtype" : keys[below(keys.size())];
-        out += "\":";
+        out.append(i == 0 ? "\"" : ",\"").append(chance(3) ? "zqtype" : keys[below(keys.size())]).append("\":");
         value(out, depth + 1);
     }
     out += '}';
@@ -80,13 +71,10 @@ void DocumentGenerator::small_form(std::string& out)
     bool const logical = chance(3);
     out += '[';
     for (std::size_t r = 0; r < rows; ++r) {
-        if (r != 0)
-            out += ',';
-        out += '[';
+        out += r == 0 ? "[" : ",[";
         std::size_t const width = chance(10) ? columns + 1 : columns;
         for (std::size_t c = 0; c < width; ++c) {
-            if (c != 0)
-                out += ',';
+            out += c == 0 ? "" : ",";
             if (chance(12))
                 out += R"({"zqdata":"NaN"})";
             else if (logical)
@@ -140,11 +128,8 @@ void DocumentGenerator::large_form(std::string& out, int depth)
     for (std::size_t i = members.size(); i > 1; --i)
         std::swap(members[i - 1], members[below(i)]);
     out += '{';
-    for (std::size_t i = 0; i < members.size(); ++i) {
-        if (i != 0)
-            out += ',';
-        out += '"' + members[i].first + "\":" + members[i].second;
-    }
+    for (std::size_t i = 0; i < members.size(); ++i)
+        out += (i == 0 ? "\"" : ",\"") + members[i].first + "\":" + members[i].second;
     out += '}';
 }
 

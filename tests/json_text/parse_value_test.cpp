@@ -4,8 +4,10 @@
 #include <foundation/json/detail/parser_steps.hpp>
 #include <foundation/json/nesting_limit.hpp>
 
+#include <algorithm>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -43,7 +45,7 @@ TEST(ParseValue, FurthestAlternativeDecidesWithTiesToTheEarlier)
         {"SixWhiteSpaceBytes", "[ \t\n\v\f\r1 ]", fj::ParseOk, 10},
         {"CommentsOnlyUnderTheFlag", "[1/**/]", fj::ExpectedArrayEnd, 2},
     };
-    zq::test::expect_value_stops(cases);
+    zq::test::expect_stops(cases);
 }
 
 TEST(ParseValue, CommentsUnderFlagBitZero)
@@ -55,7 +57,7 @@ TEST(ParseValue, CommentsUnderFlagBitZero)
         {"UnclosedLineComment", "[1 // ]", fj::UnexpectedEnd, 7},
         {"SlashThatOpensNothing", "[1 /x]", fj::ExpectedArrayEnd, 3},
     };
-    zq::test::expect_value_stops(cases, fj::allow_comments);
+    zq::test::expect_stops(cases, fj::allow_comments);
 }
 
 TEST(ParseValue, BuildsTheTree)
@@ -102,7 +104,7 @@ TEST(ParseValue, NestingStopsAtTheBracketBeyondTheLimit)
         {"MillionOpenBrackets", std::string(1'000'000, '['), fj::NestingTooDeep, limit},
         {"MillionMixed", nest(R"([{"":)", 500'000, "}]"), fj::NestingTooDeep, 5 * limit / 2},
     };
-    zq::test::expect_value_stops(cases);
+    zq::test::expect_stops(cases);
 }
 
 // The codes of the bool step never reach a caller of parse_value, where the string alternative wins.
@@ -117,6 +119,53 @@ TEST(ParseValue, BoolStepTellsACutWordFromAWrongOne)
     };
     fj::Value out;
     zq::test::expect_stops(cases, [&](auto& position, auto const& end) { return fj::parse_bool(out, position, end, 0); });
+}
+
+// Arrays longer than the reader keeps in its shared buffer of numbers move to blocks of their own; every
+// number must come out in its place, typed or not, with siblings after them.
+TEST(ParseValue, LongArraysKeepEveryNumberInPlace)
+{
+    constexpr long long count = 70000;
+    auto const list = [](long long from, char const* suffix, char const* last = "") {
+        std::string text = "[";
+        for (long long i = from; i != from + count; ++i)
+            text += std::to_string(i) + suffix + ",";
+        text.back() = ']';
+        return last[0] ? text.substr(0, text.size() - 1) + "," + last + "]" : text;
+    };
+    auto const tree = [](long long from, auto convert, fj::Array last = {}) {
+        fj::Array elements;
+        for (long long i = from; i != from + count; ++i)
+            elements.push_back(convert(i));
+        elements.insert(elements.end(), last.begin(), last.end());
+        return fj::Value(std::move(elements));
+    };
+    auto const as_double = [](long long i) { return fj::Value(static_cast<double>(i)); };
+    auto const as_half = [](long long i) { return fj::Value(static_cast<double>(i) + 0.5); };
+    auto const as_int = [](long long i) { return fj::Value(i); };
+    auto const as_uint = [](long long i) { return fj::Value(static_cast<unsigned long long>(std::max(i, 0LL))); };
+    auto const typed = [](char const* type, fj::Value data) {
+        return fj::Value(fj::Object{{"zqdata", std::move(data)}, {"zqtype", fj::Value(type)}});
+    };
+    const struct {
+        std::string text;
+        fj::Value tree;
+    } cases[] = {
+        {list(0, ""), tree(0, as_double)},
+        {list(-count, ""), tree(-count, as_double)},
+        {list(0, ".5"), tree(0, as_half)},
+        {list(0, "", "0.5"), tree(0, as_double, {fj::Value(0.5)})},
+        {list(0, "", "\"x\""), tree(0, as_double, {fj::Value("x")})},
+        {"[" + list(0, "") + "," + list(count, "") + "]", fj::Value(fj::Array{tree(0, as_double), tree(count, as_double)})},
+        {R"({"zqtype":"int64","zqdata":)" + list(-5, "") + "}", typed("int64", tree(-5, as_int))},
+        {R"({"zqdata":)" + list(-5, "") + R"(,"zqtype":"int64"})", typed("int64", tree(-5, as_int))},
+        {R"({"zqdata":)" + list(-5, "") + R"(,"zqtype":"uint32"})", typed("uint32", tree(-5, as_uint))},
+    };
+    for (auto const& c : cases) {
+        fj::Value out;
+        EXPECT_EQ(zq::test::read_value(c.text, out).code, fj::ParseOk) << c.text.substr(0, 40);
+        EXPECT_TRUE(out == c.tree) << c.text.substr(0, 40);
+    }
 }
 
 } // namespace

@@ -8,15 +8,30 @@
 #include <cstddef>
 #include <span>
 #include <string>
+#include <ostream>
 
 namespace zq::test {
 
+/// Where a step stopped and what it returned.
 struct Stop {
+    foundation::json::ParseResult code;
+    std::ptrdiff_t offset;
+    bool operator==(Stop const&) const = default;
+    friend std::ostream& operator<<(std::ostream& out, Stop const& stop)
+    {
+        return out << "code " << stop.code << " at " << stop.offset;
+    }
+};
+
+/// A text, what reading it should return and where it should stop.
+struct StopCase {
+    char const* name;
+    std::string text;
     foundation::json::ParseResult code;
     std::ptrdiff_t offset;
 };
 
-/// step(position, end) on text, from its start.
+/// step(position, end) on text from its start: the code it returned and the offset where it stopped.
 template <typename Step>
 Stop run_step(std::string const& text, Step step)
 {
@@ -33,27 +48,14 @@ inline Stop read_value(std::string const& text, foundation::json::Value& out, un
     });
 }
 
-/// A text, what reading it should return and where it should stop.
-struct StopCase {
-    char const* name;
-    std::string text;
-    foundation::json::ParseResult code;
-    std::ptrdiff_t offset;
-};
-
-/// Checks each case with step.
+/// Checks each case with step, parse_value when none is given.
 template <typename Step>
 void expect_stops(std::span<StopCase const> cases, Step step)
 {
-    for (StopCase const& c : cases) {
-        Stop const stop = run_step(c.text, step);
-        EXPECT_EQ(stop.code, c.code) << c.name;
-        EXPECT_EQ(stop.offset, c.offset) << c.name;
-    }
+    for (StopCase const& c : cases)
+        EXPECT_EQ(run_step(c.text, step), (Stop{c.code, c.offset})) << c.name;
 }
-
-/// Checks each case with parse_value.
-inline void expect_value_stops(std::span<StopCase const> cases, unsigned flags = 0)
+inline void expect_stops(std::span<StopCase const> cases, unsigned flags = 0)
 {
     foundation::json::Value out;
     expect_stops(cases, [&](auto& position, auto const& end) {
