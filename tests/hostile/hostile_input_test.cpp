@@ -32,14 +32,6 @@ struct Case {
     bool or_count = false;
 };
 
-std::string className(std::type_info const& type)
-{
-    int status = 0;
-    std::unique_ptr<char, void (*)(void*)> const name(
-        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), std::free);
-    return status == 0 ? name.get() : type.name();
-}
-
 std::string shape(std::string const& dimensions, zd::ArrayType type)
 {
     return dimensions + " of type " + std::to_string(static_cast<int>(type));
@@ -55,7 +47,10 @@ std::string outcome(std::string const& text)
             dimensions += (dimensions.empty() ? "" : "x") + std::to_string(extent);
         return shape(dimensions, array.getType());
     } catch (std::exception const& e) {
-        return className(typeid(e)) + ": " + e.what();
+        int status = 0;
+        std::unique_ptr<char, void (*)(void*)> const name(
+            abi::__cxa_demangle(typeid(e).name(), nullptr, nullptr, &status), std::free);
+        return (status == 0 ? name.get() : typeid(e).name()) + std::string(": ") + e.what();
     }
 }
 

@@ -1,5 +1,6 @@
 // The small notation's shapes, storage order and failures, and the large notation's header: large form,
-// special float or plain object; the size and type keys; the kind of a class name; the dispatch's guard.
+// special float or plain object; the size and type keys; the kind of a class name; the dispatch's guard;
+// the depth of nesting.
 #include "reader_support.hpp"
 
 #include <frontend/detail/types.hpp>
@@ -134,12 +135,81 @@ TEST(Notation, DispatchGuardsTheEnumeration)
     try {
         zj::detail::dispatch_on_ZorbalType(invalid, AnyKind());
     } catch (boost::wrapexcept<std::runtime_error> const& e) {
-        ASSERT_NE(boost::get_error_info<boost::throw_file>(e), nullptr);
-        EXPECT_STREQ(*boost::get_error_info<boost::throw_file>(e),
-            "foundation/zorbaljson/frontend/export/include/frontend/detail/types");
-        ASSERT_NE(boost::get_error_info<boost::throw_function>(e), nullptr);
-        EXPECT_STREQ(*boost::get_error_info<boost::throw_function>(e), "dispatch_on_ZorbalType");
+        char const* const* const file = boost::get_error_info<boost::throw_file>(e);
+        char const* const* const function = boost::get_error_info<boost::throw_function>(e);
+        EXPECT_EQ(std::string(file ? *file : ""), "foundation/zorbaljson/frontend/export/include/frontend/detail/types");
+        EXPECT_EQ(std::string(function ? *function : ""), "dispatch_on_ZorbalType");
     }
+}
+
+// How deep a tree the readers take: every document of the text reader, and no deeper tree of a caller.
+std::string const too_deep = "JSON nested deeper than 1000 levels cannot be read";
+
+// The one-element list of value; moved, as a braced list would copy the whole tree below it.
+fj::Array list_of(fj::Value value)
+{
+    fj::Array list;
+    list.push_back(std::move(value));
+    return list;
+}
+
+// The object of one property p holding value.
+fj::Object object_of(fj::Value value)
+{
+    fj::Object object;
+    object.emplace("p", std::move(value));
+    return object;
+}
+
+// value inside levels JSON arrays, or inside levels 1-by-1 large forms of type whose data are the one-element
+// list of the level below (a cell), or that level's object of one property p (an object of class type).
+fj::Value nested(std::size_t levels, char const* type = nullptr, bool listed = true, fj::Value value = fj::Value(1.0))
+{
+    for (std::size_t i = 0; i < levels; ++i) {
+        if (!type)
+            value = fj::Value(list_of(std::move(value)));
+        else if (listed)
+            value = large_form(type, {1, 1}, list_of(std::move(value)));
+        else
+            value = large_form(type, {1, 1}, object_of(std::move(value)));
+    }
+    return value;
+}
+
+TEST(NestingDepth, ReadsTheDeepestDocumentOfTheTextReader)
+{
+    EXPECT_EQ(read(std::string(1000, '[') + "1" + std::string(1000, ']')).getDimensions(), Dims(1000, 1));
+    std::string cells = "1";
+    for (int i = 0; i < 500; ++i)
+        cells = lf("cell", "[1,1]", "[" + cells + "]");
+    EXPECT_EQ(read(cells).getType(), zd::ArrayType::CELL);
+    std::string objects = "1";
+    for (int i = 0; i < 1000; ++i)
+        objects = R"({"a":)" + objects + "}";
+    EXPECT_EQ(read(objects).getType(), zd::ArrayType::STRUCT);
+    // Each entry leaves the levels it entered, so siblings do not add up.
+    fj::Array entries;
+    for (int i = 0; i < 3; ++i)
+        entries.push_back(nested(998));
+    EXPECT_EQ(read_tree(large_form("cell", {1, 3}, std::move(entries))).getDimensions(), (Dims {1, 3}));
+}
+
+// A cell is two levels, its object and its list, as are a struct's object of fields and a field's list.
+// Objects skip a property they cannot read and try a list when an object fails, but depth is no such
+// failure: a deep tree below a single object or a list of objects is refused, not cut off. Far deeper
+// than any stack could recurse, trees are refused at the limit too.
+TEST(NestingDepth, RefusesOneLevelMore)
+{
+    fj::Object fields;
+    fields.emplace("a", list_of(nested(998)));
+    fj::Value element(1.0);
+    for (int i = 0; i < 400; ++i)
+        element = large_form("pkg.Cls", {1, 1}, list_of(fj::Value(object_of(std::move(element)))));
+    fj::Value const trees[] = {nested(1001), nested(501, "cell"), large_form("cell", {1, 1}, list_of(nested(999))),
+        large_form("struct", {1, 1}, std::move(fields)), nested(600, "pkg.Cls", false), std::move(element),
+        nested(200000), nested(100000, "cell")};
+    for (fj::Value const& tree : trees)
+        EXPECT_THROW_WHAT(read_tree(tree), NestingTooDeep, too_deep) << &tree - trees;
 }
 
 } // namespace

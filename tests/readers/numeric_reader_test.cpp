@@ -1,14 +1,21 @@
-// Numeric, logical, char and enumeration arrays: the element types, the flags each kind reads, and
-// which failure comes first.
+// Numeric, logical, char and enumeration arrays: the element types, the flags each kind reads, which
+// failure comes first, and the conversion of one element with its limits.
 #include "reader_support.hpp"
 
 #include "log_capture.hpp"
 
+#include <foundation/zorbaldata_json.hpp>
 #include <yx/i18n/cvt_exception.hpp>
 
+#include <bit>
 #include <complex>
+#include <cstdint>
+#include <cstdio>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -156,17 +163,20 @@ TEST(NumericReader, FaultsThatOnlyTreesCarry)
     EXPECT_THROW(read_tree(large_form("char", {1, 9}, fj::Array {fj::Value("ab\xFF")})), yx::i18n::CvtInvalidCharacter);
 }
 
-// The cast of the list is the one failure that is logged, once, with the cast's own message.
+// The cast of the list is the one failure that is logged, once, with the cast's own message; a cell adds
+// no line of its own to its entry's.
 TEST(NumericReader, LogsTheCastOfTheListOnly)
 {
     LogCapture log;
+    std::string const line = "Caught std::runtime_error while casting data: invalid conversion: JSON ";
     EXPECT_THROW(read(lf("double", "[1,1]", "5")), zj::InvalidZQDataType);
-    EXPECT_EQ(log.lines(),
-        std::vector<std::string> {"Caught std::runtime_error while casting data: invalid conversion: JSON number "
-                                  "to JSON array"});
+    EXPECT_EQ(log.lines(), std::vector<std::string> {line + "number to JSON array"});
     EXPECT_THROW(read(lf("double", "[1,1]", R"(["x"])", R"(,"zqcomplex":1)")), zj::InvalidPropertyType);
     EXPECT_THROW(read(lf("double", "[2,1]", R"(["x"])")), zj::InvalidFloatingElem);
     EXPECT_EQ(log.lines().size(), 1u);
+    EXPECT_THROW_WHAT(read(lf("cell", "[1,1]", "[" + lf("single", "[1,1]", "{}") + "]")), zj::InvalidZQDataType,
+        R"(""single arrays must be a JSON array)");
+    EXPECT_EQ(log.lines(), (std::vector<std::string> {line + "number to JSON array", line + "object to JSON array"}));
 }
 
 // "zqhandle" does not make an enumeration a handle array: a first entry that is a string decides.
@@ -182,6 +192,84 @@ TEST(EnumReader, ReadsClassAndMembersInStorageOrder)
             names.push_back(zd::detail::castToString(element));
         EXPECT_EQ(names, (std::vector<std::string> {"red", "green", "blue", "red"}));
     }
+}
+
+// json2num: which alternatives each element type takes, its limits, and the bits of the special floats.
+// The converted element as text: an integer in decimal, a float or double as its bits in hexadecimal; or
+// the exact failure of a refused element.
+template <typename T>
+std::string converted(fj::Value const& value)
+{
+    using Failure = std::conditional_t<std::is_floating_point_v<T>, zj::InvalidFloatingElem, zj::InvalidIntegralElem>;
+    try {
+        T const element = zj::detail::json2num<T, true, 0>(value);
+        if constexpr (std::is_floating_point_v<T>) {
+            using Bits = std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>;
+            char text[24];
+            std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(std::bit_cast<Bits>(element)));
+            return text;
+        } else {
+            return std::to_string(element);
+        }
+    } catch (Failure const& e) {
+        return typeid(e) == typeid(Failure) ? std::string("refused: ") + e.what() : "a subclass";
+    }
+}
+
+fj::Value object(char const* key, fj::Value value)
+{
+    return fj::Value(fj::Object {{key, std::move(value)}});
+}
+
+std::string integral(char const* type)
+{
+    return std::string("refused: Invalid value for type ") + type + ". Expected an integral number";
+}
+
+std::string floating(char const* type)
+{
+    return std::string("refused: Invalid value for type ") + type + floating_choices;
+}
+
+// Integers come from the integer alternative of their signedness alone, up to their limits inclusive
+// (the limits themselves are read in the tables above); a whole double is no integer. Every failure
+// names the element type.
+TEST(Json2Num, ConvertsOrRefuses)
+{
+    fj::Value const nan_object = object("zqdata", fj::Value("NaN"));
+    const struct {
+        fj::Value input;
+        std::string (*convert)(fj::Value const&);
+        std::string expected;
+    } cases[] = {
+        {fj::Value(fj::Object {{"other", fj::Value(1.0)}, {"zqdata", fj::Value("NaN")}}), converted<double>,
+            "0xFFF8000000000000"},
+        {fj::Value(3.4028234663852886e38), converted<float>, "0x7F7FFFFF"},
+        {fj::Value(-3.4028234663852886e38), converted<float>, "0xFF7FFFFF"},
+        {nan_object, converted<float>, "0xFFC00000"},
+        {fj::Value("Inf"), converted<float>, "0x7F800000"},
+        {fj::Value(std::numeric_limits<double>::quiet_NaN()), converted<float>, "0x7FC00000"},
+        {fj::Value(128LL), converted<signed char>, integral("int8")},
+        {fj::Value(-129LL), converted<signed char>, integral("int8")},
+        {fj::Value(1ULL), converted<signed char>, integral("int8")},
+        {fj::Value(1.0), converted<signed char>, integral("int8")},
+        {fj::Value(256ULL), converted<unsigned char>, integral("uint8")},
+        {fj::Value(1LL), converted<unsigned char>, integral("uint8")},
+        {fj::Value(1ULL), converted<long long>, integral("int64")},
+        {fj::Value(1LL), converted<unsigned long long>, integral("uint64")},
+        {fj::Value(1e39), converted<float>, floating("single")},
+        {fj::Value(1.0f), converted<float>, floating("single")},
+        {object("zqdata", fj::Value(1.0)), converted<float>, floating("single")},
+        {fj::Value("nan"), converted<double>, floating("double")},
+        {fj::Value("+Inf"), converted<double>, floating("double")},
+        {fj::Value(true), converted<double>, floating("double")},
+        {fj::Value(1LL), converted<double>, floating("double")},
+        {fj::Value(1.0f), converted<double>, floating("double")},
+        {fj::Value(fj::Object {}), converted<double>, floating("double")},
+        {object("zqdata", fj::Value(1.0)), converted<double>, floating("double")},
+    };
+    for (auto const& c : cases)
+        EXPECT_EQ(c.convert(c.input), c.expected) << &c - cases;
 }
 
 } // namespace

@@ -10,7 +10,6 @@
 #include <foundation/zorbaljson/detail/json_frontend_logger.hpp>
 
 #include <bit>
-#include <charconv>
 #include <complex>
 #include <exception>
 #include <map>
@@ -44,38 +43,6 @@ ReadingOutcome run(Read read)
     return outcome;
 }
 
-std::string describe_failure(std::exception_ptr const& failure)
-{
-    try {
-        std::rethrow_exception(failure);
-    } catch (std::exception const& e) {
-        return std::string(typeid(e).name()) + ": " + e.what();
-    } catch (...) {
-        return "an exception of no standard class";
-    }
-}
-
-void append_bits(std::string& out, std::uint64_t bits)
-{
-    char buffer[24];
-    auto const end = std::to_chars(buffer, buffer + sizeof buffer, bits, 16).ptr;
-    out.append(buffer, end).push_back(' ');
-}
-
-template <typename T>
-void append_value(std::string& out, T const& value)
-{
-    if constexpr (std::is_same_v<T, double>)
-        append_bits(out, std::bit_cast<std::uint64_t>(value));
-    else if constexpr (std::is_same_v<T, float>)
-        append_bits(out, std::bit_cast<std::uint32_t>(value));
-    else if constexpr (zd::detail::isComplex<T>) {
-        append_value(out, value.real());
-        append_value(out, value.imag());
-    } else
-        append_bits(out, static_cast<std::uint64_t>(value));
-}
-
 // The floating bits of every number, and which handle each handle element is by order of first
 // appearance: what the written text alone does not show.
 class Fingerprint {
@@ -87,11 +54,20 @@ public:
     }
 
 private:
+    void bits(double value) { out_ += std::to_string(std::bit_cast<std::uint64_t>(value)) + ' '; }
+    void bits(float value) { out_ += std::to_string(std::bit_cast<std::uint32_t>(value)) + ' '; }
+    template <typename T>
+    void bits(std::complex<T> const& value)
+    {
+        bits(value.real());
+        bits(value.imag());
+    }
+
     template <typename T, typename Range>
     void values(Range const& range)
     {
         for (T const& value : range)
-            append_value(out_, value);
+            bits(value);
     }
 
     void add(zd::Array const& array)
@@ -141,21 +117,6 @@ private:
     std::map<void const*, std::size_t> handles_;
 };
 
-// The text the writers make of array, which shows types, dimensions and every value but the bits of
-// floats, with the fingerprint beside it.
-std::string describe_array(zd::Array const& array)
-{
-    std::string text;
-    try {
-        text = zd::json::zorbaldata_to_string(
-            array, foundation::zorbaljson::ToJsonMode::Large, foundation::zorbaljson::NanType::Object,
-            zd::ObjectFilter::AllowAll);
-    } catch (std::exception const& e) {
-        text = std::string("not written: ") + e.what();
-    }
-    return text + "\n" + Fingerprint().of(array);
-}
-
 zd::Array read_tree_road(std::string const& text, zd::ArrayFactory& factory)
 {
     fj::Value value;
@@ -176,11 +137,22 @@ std::string joined(std::vector<std::string> const& lines)
     return text;
 }
 
-// What a road gave, as the comparison sees it: the array written in the large form with the bits of
-// its floating numbers and which elements share a handle, or the exception's class and text.
+// What a road gave, as the comparison sees it: the fingerprint of the array and the text the writers make
+// of it, which shows types, dimensions and every value but the bits of floats; or the exception's class
+// and text.
 std::string describe(ReadingOutcome const& outcome)
 {
-    return outcome.array ? describe_array(*outcome.array) : describe_failure(outcome.failure);
+    std::string const fingerprint = outcome.array ? Fingerprint().of(*outcome.array) + "\n" : "";
+    try {
+        if (!outcome.array)
+            std::rethrow_exception(outcome.failure);
+        return fingerprint + zd::json::zorbaldata_to_string(*outcome.array, foundation::zorbaljson::ToJsonMode::Large,
+                                 foundation::zorbaljson::NanType::Object, zd::ObjectFilter::AllowAll);
+    } catch (std::exception const& e) {
+        return fingerprint + typeid(e).name() + ": " + e.what();
+    } catch (...) {
+        return "an exception of no standard class";
+    }
 }
 
 } // namespace
