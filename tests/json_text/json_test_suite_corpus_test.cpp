@@ -15,6 +15,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -64,36 +65,27 @@ constexpr Refusal refused[] = {
     {"i_structure_UTF-8_BOM_empty_object.json", fj::ExpectedQuote, 0},
 };
 
-std::string read_file(fs::path const& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 TEST(JsonTestSuiteCorpus, EveryFileEndsAsOurGrammarSays)
 {
     fs::path const folder = ZQ_JSON_TEST_SUITE_DIR;
     if (!fs::is_directory(folder))
         GTEST_SKIP() << folder << " is not there";
     std::size_t files = 0;
-    std::size_t listed = 0;
     for (fs::directory_entry const& entry : fs::directory_iterator(folder)) {
         std::string const name = entry.path().filename().string();
         SCOPED_TRACE(name);
         ++files;
-        auto const refusal = std::find_if(std::begin(refused), std::end(refused),
-                                          [&](Refusal const& r) { return r.file == name; });
-        bool const is_accepted = std::find(std::begin(accepted), std::end(accepted), name) != std::end(accepted);
-        listed += is_accepted || refusal != std::end(refused);
-        bool const must_fail = refusal != std::end(refused) || (name.starts_with("n_") && !is_accepted);
+        auto const refusal = std::ranges::find(refused, name, &Refusal::file);
+        bool const must_fail = refusal != std::end(refused)
+            || (name.starts_with("n_") && std::ranges::find(accepted, name) == std::end(accepted));
+        std::ifstream in(entry.path(), std::ios::binary);
         try {
-            zq::test::read_both_ways(read_file(entry.path()));
+            zq::test::read_both_ways(std::string(std::istreambuf_iterator<char>(in), {}));
             EXPECT_FALSE(must_fail) << "converted";
         } catch (fj::ParserException const& e) {
             EXPECT_TRUE(must_fail) << e.what();
             if (refusal != std::end(refused)) {
-                EXPECT_EQ(e.code(), refusal->code);
-                EXPECT_EQ(e.offset(), refusal->offset);
+                EXPECT_EQ(std::pair(e.code(), e.offset()), std::pair(refusal->code, refusal->offset));
             }
         } catch (std::exception const& e) {
             // Parsed, then refused by the conversion: null at the top, or what the notation refuses.
@@ -101,7 +93,6 @@ TEST(JsonTestSuiteCorpus, EveryFileEndsAsOurGrammarSays)
         }
     }
     EXPECT_EQ(files, 318u);
-    EXPECT_EQ(listed, std::size(accepted) + std::size(refused));
 }
 
 } // namespace

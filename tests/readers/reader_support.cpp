@@ -1,9 +1,9 @@
 // What the reader tests share.
 #include "reader_support.hpp"
 
-#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
 #include "reading_paths.hpp"
 
+#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
 
 #include <bit>
 #include <utility>
@@ -19,6 +19,11 @@ zd::Array read_tree(fj::Value const& value)
 {
     zd::ArrayFactory factory;
     return zd::json::json_to_zorbaldata(value, factory);
+}
+
+std::string lf(char const* type, char const* size, std::string const& data, char const* more)
+{
+    return std::string(R"({"zqtype":")") + type + R"(","zqsize":)" + size + more + R"(,"zqdata":)" + data + "}";
 }
 
 fj::Value large_form(
@@ -44,12 +49,17 @@ double signed_nan()
     return std::bit_cast<double>(0xFFF8000000000000ULL);
 }
 
-void expect_array(ArrayCase const& c)
+TEST_P(ReadsArray, WithItsDimensionsAndElements)
 {
-    SCOPED_TRACE(c.json);
-    zd::Array const array = read(c.json);
-    EXPECT_EQ(array.getDimensions(), c.dims);
-    EXPECT_EQ(bits_of(c.elements(array)), bits_of(c.expected));
+    SCOPED_TRACE(GetParam().json);
+    zd::Array const array = read(GetParam().json);
+    EXPECT_EQ(array.getDimensions(), GetParam().dims);
+    EXPECT_EQ(bits_of(GetParam().elements(array)), bits_of(GetParam().expected));
+}
+
+TEST_P(FailsFirst, WithTheFirstFault)
+{
+    GetParam().expect(GetParam().json, GetParam().text);
 }
 
 } // namespace zq::test

@@ -5,24 +5,34 @@
 
 #include <foundation/json/value.hpp>
 #include <foundation/zorbaldata.hpp>
+#include <frontend/detail/parse_error.hpp>
 
 #include <cstdint>
+#include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zq::test {
 
 namespace zd = foundation::zorbaldata;
 namespace fj = foundation::json;
+namespace zj = foundation::zorbaljson;
+using namespace foundation::zorbaljson; // the exception classes of the rows
 using Dims = std::vector<unsigned long>;
 
-// The array that the JSON text describes, through the library's text entry.
+inline double const inf = std::numeric_limits<double>::infinity();
+
+// The array that the JSON text describes, read by both roads.
 zd::Array read(std::string const& json);
 
 // The array of a value tree, for trees that JSON text cannot express.
 zd::Array read_tree(fj::Value const& value);
 
-// A large form: {"zqtype":type,"zqsize":size,"zqdata":data} and further members.
+// A large form as text: {"zqtype":"<type>","zqsize":size<more>,"zqdata":data}.
+std::string lf(char const* type, char const* size, std::string const& data, char const* more = "");
+
+// A large form as a tree: {"zqtype":type,"zqsize":size,"zqdata":data} and further members.
 fj::Value large_form(
     std::string const& type, std::vector<double> const& size, fj::Value data, fj::Object further = {});
 
@@ -35,7 +45,7 @@ double signed_nan();
 // The elements of an array of T in storage order, widened to double, complex ones as real part then
 // imaginary part; reading them as T fails for an array of another type.
 template <typename T>
-std::vector<double> elements_as(zd::Array const& array)
+std::vector<double> as(zd::Array const& array)
 {
     std::vector<double> values;
     for (T const& element : zd::getReadOnlyElements<T>(array)) {
@@ -49,31 +59,39 @@ std::vector<double> elements_as(zd::Array const& array)
     return values;
 }
 
-// A row of a table of arrays read successfully: the element type is that of elements_as.
+// A row of a table of arrays read successfully, checked for dimensions and elements bit for bit: the
+// element type is that of as.
 struct ArrayCase {
     char const* name;
-    char const* json;
+    std::string json;
     std::vector<double> (*elements)(zd::Array const&);
     Dims dims;
     std::vector<double> expected;
 };
-
-// Runs an ArrayCase: dimensions, and the elements bit for bit.
-void expect_array(ArrayCase const& c);
+class ReadsArray : public ::testing::TestWithParam<ArrayCase> { };
 
 // A row of a failure table: the JSON text, and the class and exact text it must fail with.
 struct FailureCase {
     char const* name;
-    char const* json;
+    std::string json;
     void (*expect)(std::string const& json, std::string const& text);
     std::string text;
 };
+class FailsFirst : public ::testing::TestWithParam<FailureCase> { };
 
 template <typename E>
 void fails_with(std::string const& json, std::string const& text)
 {
     SCOPED_TRACE(json);
     EXPECT_THROW_WHAT(read(json), E, text);
+}
+
+inline std::string const mismatched_size = R"(Data size does not match "zqsize" specified.)";
+
+// A row that fails for a count of elements that does not match the size.
+inline FailureCase size_mismatch(char const* name, std::string json)
+{
+    return {name, std::move(json), fails_with<zj::MismatchedZQSize>, mismatched_size};
 }
 
 // The name of a table row, for the test's name.
@@ -83,6 +101,7 @@ std::string row_name(::testing::TestParamInfo<Row> const& info)
     return info.param.name;
 }
 
-inline std::string const mismatched_size = R"(Data size does not match "zqsize" specified.)";
+inline std::string const floating_choices
+    = R"(. Expected a number or one of the following:"NaN", "Inf", "-Inf", {"zqdata":"NaN"}, {"zqdata":"Inf"}, {"zqdata":"-Inf"})";
 
 } // namespace zq::test

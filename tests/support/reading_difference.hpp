@@ -24,15 +24,10 @@ struct BothReadings {
     ReadingOutcome by_text;
     ReadingOutcome by_tree;
     /// Empty when the roads agree: the same array (type, dimensions, elements with their floating bits,
-    /// field order, which elements share a handle) or the same exception class and text, the same log
-    /// lines in the same order, and a tree from parse_value equal to the reference reader's. Otherwise
-    /// what differs, with both sides shown.
+    /// field order, which elements share a handle) or the same exception class and text, and the same
+    /// log lines in the same order. Otherwise what differs, with both sides shown.
     std::string difference;
 };
-
-/// What a road gave, as the comparison sees it: the array written in the large form with the bits of
-/// its floating numbers and which elements share a handle, or the exception's class and text.
-std::string describe(ReadingOutcome const& outcome);
 
 /// Reads text both ways with factory. Nothing reaches the logger's sink: the lines are in the outcomes.
 BothReadings read_by_both_roads(std::string const& text, foundation::zorbaldata::ArrayFactory& factory);
