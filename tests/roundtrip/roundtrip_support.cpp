@@ -2,8 +2,6 @@
 #include "roundtrip_support.hpp"
 
 #include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
-#include "reading_paths.hpp"
-
 
 #include <algorithm>
 #include <bit>
@@ -14,48 +12,46 @@ namespace zq::test::roundtrip {
 
 namespace {
 
-enum class Nan { Kept, AsRead };
-
-std::uint64_t bits(double value, Nan nan)
+std::uint64_t bits(double value, bool as_read)
 {
-    return nan == Nan::AsRead && std::isnan(value) ? 0xFFF8000000000000 : std::bit_cast<std::uint64_t>(value);
+    return as_read && std::isnan(value) ? 0xFFF8000000000000 : std::bit_cast<std::uint64_t>(value);
 }
 
-std::uint64_t bits(float value, Nan nan)
+std::uint64_t bits(float value, bool as_read)
 {
-    return nan == Nan::AsRead && std::isnan(value) ? 0xFFC00000 : std::bit_cast<std::uint32_t>(value);
+    return as_read && std::isnan(value) ? 0xFFC00000 : std::bit_cast<std::uint32_t>(value);
 }
 
 template <typename Range>
-void append(Range const& values, Nan nan, std::vector<std::uint64_t>& out)
+void append(Range const& values, bool as_read, std::vector<std::uint64_t>& out)
 {
     for (auto const& value : values) {
         if constexpr (zd::detail::isComplex<std::remove_cvref_t<decltype(value)>>) {
-            out.push_back(bits(value.real(), nan));
-            out.push_back(bits(value.imag(), nan));
+            out.push_back(bits(value.real(), as_read));
+            out.push_back(bits(value.imag(), as_read));
         } else {
-            out.push_back(bits(value, nan));
+            out.push_back(bits(value, as_read));
         }
     }
 }
 
-void collect(zd::Array const& array, Nan nan, std::vector<std::uint64_t>& out)
+void collect(zd::Array const& array, bool as_read, std::vector<std::uint64_t>& out)
 {
     using enum zd::ArrayType;
     using ComplexDouble = std::complex<double>;
     using ComplexSingle = std::complex<float>;
     switch (array.getType()) {
-    case DOUBLE: return append(zd::getReadOnlyElements<double>(array), nan, out);
-    case SINGLE: return append(zd::getReadOnlyElements<float>(array), nan, out);
-    case COMPLEX_DOUBLE: return append(zd::getReadOnlyElements<ComplexDouble>(array), nan, out);
-    case COMPLEX_SINGLE: return append(zd::getReadOnlyElements<ComplexSingle>(array), nan, out);
-    case SPARSE_DOUBLE: return append(zd::SparseArray<double>(array), nan, out);
-    case SPARSE_SINGLE: return append(zd::SparseArray<float>(array), nan, out);
-    case SPARSE_COMPLEX_DOUBLE: return append(zd::SparseArray<ComplexDouble>(array), nan, out);
-    case SPARSE_COMPLEX_SINGLE: return append(zd::SparseArray<ComplexSingle>(array), nan, out);
+    case DOUBLE: return append(zd::getReadOnlyElements<double>(array), as_read, out);
+    case SINGLE: return append(zd::getReadOnlyElements<float>(array), as_read, out);
+    case COMPLEX_DOUBLE: return append(zd::getReadOnlyElements<ComplexDouble>(array), as_read, out);
+    case COMPLEX_SINGLE: return append(zd::getReadOnlyElements<ComplexSingle>(array), as_read, out);
+    case SPARSE_DOUBLE: return append(zd::SparseArray<double>(array), as_read, out);
+    case SPARSE_SINGLE: return append(zd::SparseArray<float>(array), as_read, out);
+    case SPARSE_COMPLEX_DOUBLE: return append(zd::SparseArray<ComplexDouble>(array), as_read, out);
+    case SPARSE_COMPLEX_SINGLE: return append(zd::SparseArray<ComplexSingle>(array), as_read, out);
     case CELL:
         for (zd::Array const element : zd::getReadOnlyElements<zd::Array>(array))
-            collect(element, nan, out);
+            collect(element, as_read, out);
         return;
     case STRUCT: {
         // The readers give the fields in byte order of their names, whatever order they were made in.
@@ -65,18 +61,11 @@ void collect(zd::Array const& array, Nan nan, std::vector<std::uint64_t>& out)
         std::sort(names.begin(), names.end());
         for (std::string const& name : names)
             for (auto const element : zd::getReadOnlyElements<zd::StructElement>(array))
-                collect(element[name], nan, out);
+                collect(element[name], as_read, out);
         return;
     }
     default: return;
     }
-}
-
-std::vector<std::uint64_t> collect(zd::Array const& array, Nan nan)
-{
-    std::vector<std::uint64_t> out;
-    collect(array, nan, out);
-    return out;
 }
 
 } // namespace
@@ -93,28 +82,28 @@ std::string text_of(zd::Array const& array, Setting setting)
     return zd::json::zorbaldata_to_string(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll);
 }
 
-zd::Array from_text(std::string const& text)
-{
-    return read_both_ways(text);
-}
-
 zd::Array written_and_read(zd::Array const& array, Setting setting, Path path)
 {
     if (path == Path::Text)
-        return from_text(text_of(array, setting));
+        return read_both_ways(text_of(array, setting));
     zd::ArrayFactory factory;
     return zd::json::json_to_zorbaldata(
         zd::json::zorbaldata_to_json(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll), factory);
 }
 
-std::vector<std::uint64_t> floating_bits(zd::Array const& array)
+std::vector<std::uint64_t> floating_bits(zd::Array const& array, bool as_read)
 {
-    return collect(array, Nan::Kept);
+    std::vector<std::uint64_t> out;
+    collect(array, as_read, out);
+    return out;
 }
 
-std::vector<std::uint64_t> floating_bits_as_read(zd::Array const& array)
+void expect_same(zd::Array const& back, zd::Array const& expected)
 {
-    return collect(array, Nan::AsRead);
+    EXPECT_EQ(back.getType(), expected.getType());
+    EXPECT_EQ(back.getDimensions(), expected.getDimensions());
+    EXPECT_TRUE(back == expected);
+    EXPECT_EQ(floating_bits(back), floating_bits(expected, true));
 }
 
 } // namespace zq::test::roundtrip

@@ -4,6 +4,8 @@
 
 #include "writer_test_support.hpp"
 
+#include <reading_paths.hpp>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -33,18 +35,16 @@ enum class Path { Text, Tree };
 // The text of array as the writers make it under the setting, every object class allowed.
 std::string text_of(zd::Array const& array, Setting setting);
 
-zd::Array from_text(std::string const& text);
-
 // The array read back from what the writers make of array under the setting, by the path.
 zd::Array written_and_read(zd::Array const& array, Setting setting, Path path);
 
 // The bits of every floating part of array in storage order (real part before imaginary part; sparse
 // values in their stored order; cell elements and, by ascending field name, struct fields included),
 // floats widened bit for bit. Equality of arrays cannot tell -0.0 from 0.0 or one NaN from another.
-std::vector<std::uint64_t> floating_bits(zd::Array const& array);
+// as_read spells every NaN as the readers make it: the writers spell all NaNs alike.
+std::vector<std::uint64_t> floating_bits(zd::Array const& array, bool as_read = false);
 
-// The same, with every NaN as the readers make it: the writers spell all NaNs alike, so sign and
-// payload come back as the readers' own.
-std::vector<std::uint64_t> floating_bits_as_read(zd::Array const& array);
+// Fails unless back has the type, the dimensions, the elements and the floating bits of expected.
+void expect_same(zd::Array const& back, zd::Array const& expected);
 
 } // namespace zq::test::roundtrip

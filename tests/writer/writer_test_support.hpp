@@ -1,4 +1,5 @@
-// What the writer tests share: arrays built in one line, and the text of a tree with its number tags.
+// What the writer tests share: arrays built in one line, the text of a tree with its number tags, and the
+// demand that both roads from an array to text agree.
 #pragma once
 
 #include <foundation/json/json_cast.hpp>
@@ -8,7 +9,7 @@
 #include <foundation/zorbaldata/json/detail/tree_output.hpp>
 #include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
 #include <gtest/gtest.h>
-#include <writing_roads.hpp>
+#include <writing_difference.hpp>
 
 #include <algorithm>
 #include <complex>
@@ -19,6 +20,21 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+
+namespace zq::test {
+
+// Success when both roads give the same bytes, or throw the same class with the same text.
+inline ::testing::AssertionResult same_on_both_roads(foundation::zorbaldata::Array const& array,
+    foundation::zorbaljson::ToJsonMode mode, foundation::zorbaljson::NanType nan,
+    foundation::zorbaldata::ObjectFilter filter, unsigned indent = 0)
+{
+    std::string const difference = writing_difference(array, mode, nan, filter, indent);
+    if (difference.empty())
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << difference;
+}
+
+} // namespace zq::test
 
 namespace zq::test::writer {
 
@@ -36,20 +52,17 @@ inline zd::ArrayFactory const factory;
 // expected text pins the shape, the key order and the alternative of every number.
 inline std::string tagged(fj::Value const& value)
 {
+    std::string text;
     switch (value.which()) {
     case 0: return "undefined";
-    case 5: {
-        std::string text = "[";
+    case 5:
         for (fj::Value const& element : fj::json_cast<fj::Array>(value))
-            text += (text.size() > 1 ? "," : "") + tagged(element);
-        return text + "]";
-    }
-    case 6: {
-        std::string text = "{";
+            text += (text.empty() ? "" : ",") + tagged(element);
+        return "[" + text + "]";
+    case 6:
         for (auto const& [key, member] : fj::json_cast<fj::Object>(value))
-            text += (text.size() > 1 ? "," : "") + fj::serialize(fj::Value(key)) + ":" + tagged(member);
-        return text + "}";
-    }
+            text += (text.empty() ? "" : ",") + fj::serialize(fj::Value(key)) + ":" + tagged(member);
+        return "{" + text + "}";
     case 7: return fj::serialize(value) + "f";
     case 8: return fj::serialize(value) + "i";
     case 9: return fj::serialize(value) + "u";
@@ -57,13 +70,13 @@ inline std::string tagged(fj::Value const& value)
     }
 }
 
-// The tagged text of array written with the mode and the NanType, filter AllowAll. The text written
-// without a tree must be the serialised tree, byte for byte.
-inline std::string write(zd::Array array, ToJsonMode mode, NanType nan = NanType::String)
+// The tagged text of array written with the mode, the NanType and the filter; the text written without a
+// tree must be the serialised tree, byte for byte.
+inline std::string write(zd::Array array, ToJsonMode mode, NanType nan = NanType::String,
+    zd::ObjectFilter filter = zd::ObjectFilter::AllowAll)
 {
-    EXPECT_TRUE(zq::test::same_on_both_roads(array, mode, nan, zd::ObjectFilter::AllowAll));
-    return tagged(foundation::zorbaldata::json::zorbaldata_to_json(std::move(array), mode, nan,
-        zd::ObjectFilter::AllowAll));
+    EXPECT_TRUE(same_on_both_roads(array, mode, nan, filter));
+    return tagged(foundation::zorbaldata::json::zorbaldata_to_json(std::move(array), mode, nan, filter));
 }
 
 // The tree that one of the library's writers gives: write(out) into a tree output.
@@ -104,10 +117,7 @@ inline zd::Array doubles(Dims dims, std::initializer_list<double> elements)
     return numbers<double>(std::move(dims), elements);
 }
 
-inline zd::Array scalar(double value)
-{
-    return factory.createScalar(value);
-}
+inline zd::Array scalar(double value) { return factory.createScalar(value); }
 
 inline zd::Array logicals(Dims dims, std::initializer_list<bool> elements)
 {
@@ -122,35 +132,35 @@ zd::Range<zd::TypedIterator, T const> range(T const* first, std::size_t n)
 }
 
 // The char row of the units; 0-by-0 when there are none.
-inline zd::Array charRow(std::u16string const& units)
+inline zd::Array charRow(std::u16string const& units) { return factory.createCharArray(units); }
+
+// An array of the type and dimensions whose first elements are set to values, in storage order.
+template <typename T, typename Values>
+zd::Array filled(zd::Array array, Values const& values)
 {
-    return factory.createCharArray(units);
+    std::copy(values.begin(), values.end(), zd::getWritableElements<T>(array).begin());
+    return array;
 }
 
-// A char array of the dimensions holding units in storage order.
 inline zd::Array chars(Dims dims, std::u16string const& units)
 {
-    zd::CharArray array = factory.createCharArray(std::move(dims));
-    auto const elements = zd::getWritableElements<char16_t>(array);
-    std::copy(units.begin(), units.end(), elements.begin());
-    return array;
+    return filled<char16_t>(factory.createCharArray(std::move(dims)), units);
 }
 
 inline zd::Array strings(Dims dims, std::initializer_list<Text> elements)
 {
-    zd::Array array = factory.createArray(zd::ArrayType::STRING, std::move(dims));
-    auto element = zd::getWritableElements<Text>(array).begin();
-    for (Text const& text : elements)
-        *element++ = text;
-    return array;
+    return filled<Text>(factory.createArray(zd::ArrayType::STRING, std::move(dims)), elements);
 }
 
 inline zd::Array cell(Dims dims, std::initializer_list<zd::Array> elements)
 {
-    zd::Array array = factory.createArray(zd::ArrayType::CELL, std::move(dims));
-    auto element = zd::getWritableElements<zd::Array>(array).begin();
-    for (zd::Array const& value : elements)
-        *element++ = value;
+    return filled<zd::Array>(factory.createArray(zd::ArrayType::CELL, std::move(dims)), elements);
+}
+
+inline zd::Array enums(Dims dims, std::string className, std::initializer_list<char const*> members)
+{
+    zd::EnumArray array = factory.createEnumArray(std::move(dims), std::move(className));
+    std::copy(members.begin(), members.end(), zd::getWritableElements<zd::Enumeration>(array).begin());
     return array;
 }
 
@@ -166,15 +176,6 @@ inline zd::Array structs(Dims dims, std::vector<std::pair<std::string, std::vect
         for (zd::Array const& value : values)
             (*element++)[name] = value;
     }
-    return array;
-}
-
-inline zd::Array enums(Dims dims, std::string className, std::initializer_list<char const*> members)
-{
-    zd::EnumArray array = factory.createEnumArray(std::move(dims), std::move(className));
-    auto element = zd::getWritableElements<zd::Enumeration>(array).begin();
-    for (char const* member : members)
-        *element++ = member;
     return array;
 }
 
@@ -205,8 +206,7 @@ zd::Array sparse(Dims dims, Entries<T> const& entries)
     using Indices = std::unique_ptr<unsigned long[], void (*)(void*)>;
     return factory.createSparseArray(std::move(dims), entries.size(), type,
         std::unique_ptr<void, void (*)(void*)>(values, freeValues),
-        Indices(static_cast<unsigned long*>(rows), freeRows),
-        Indices(static_cast<unsigned long*>(cols), freeCols));
+        Indices(static_cast<unsigned long*>(rows), freeRows), Indices(static_cast<unsigned long*>(cols), freeCols));
 }
 
 } // namespace zq::test::writer
