@@ -175,122 +175,110 @@ TEST(HandleIdentity, KvxIdKeepsTheLowByte)
     }
 }
 
-struct FailureCase {
-    char const* name;
-    std::string json;
+// What a text must fail with: the exception's exact class, and its text.
+struct Failure {
     void (*expect)(std::string const& json, std::string const& text);
     std::string text;
 };
 
-template <typename E> void fails_with(std::string const& json, std::string const& text)
+template <typename E>
+Failure fails(std::string text)
 {
-    SCOPED_TRACE(json);
-    EXPECT_THROW_WHAT(read(json), E, text);
+    return {[](std::string const& json, std::string const& text) { EXPECT_THROW_WHAT(read(json), E, text) << json; },
+        std::move(text)};
 }
+
+struct FailureCase {
+    char const* name;
+    std::string json;
+    Failure failure;
+};
 
 class ObjectReaderFailure : public ::testing::TestWithParam<FailureCase> { };
 
 TEST_P(ObjectReaderFailure, Fails)
 {
-    GetParam().expect(GetParam().json, GetParam().text);
+    GetParam().failure.expect(GetParam().json, GetParam().failure.text);
 }
 
-std::string const not_a_list = R"(""object arrays must be a JSON array)";
 // An element whose property holds a handle list with a kvx id that is no number: std::invalid_argument.
 std::string const logic_error_inside = form("pkg.Out", "[1,1]",
     R"([{"h":{"zqtype":"pkg.H","zqsize":[1,1],"zqdata":[{"p":1}],"zqhandle":{"zqkvxID":"abc","zqobjectID":["1"]}}}])");
-std::string const bad_element = R"(""pkg.Cls arrays must be a object)";
 std::string const struct_of_number = R"({"zqtype":"struct","zqsize":[1,1],"zqdata":{"a":5}})";
 std::string const one_element = R"([{"p":1}])";
-std::string const handle_not_object = R"("zqhandle"handle arrays must be a JSON object)";
-std::string const kvx_not_text = R"("zqkvxID"handle arrays must be a JSON string)";
-std::string const ids_not_list = R"("zqobjectID"handle arrays must be a JSON array)";
-std::string const length_mismatch = R"(There is a mismatch in the size of "zqdata" and "zqobjectID".)";
-std::string const no_kvx = "Handle array does not have a valid KVX ID.";
-std::string const no_class = "Missing zqtype property in an object array of class ";
+Failure const not_a_list = fails<zj::InvalidZQDataType>(R"(""object arrays must be a JSON array)");
+Failure const bad_element = fails<zj::InvalidZQDataType>(R"(""pkg.Cls arrays must be a object)");
+Failure const size_mismatch = fails<zj::MismatchedZQSize>(mismatched_size);
+Failure const handle_not_object = fails<zj::InvalidZQDataType>(R"("zqhandle"handle arrays must be a JSON object)");
+Failure const kvx_not_text = fails<zj::InvalidZQDataType>(R"("zqkvxID"handle arrays must be a JSON string)");
+Failure const ids_not_list = fails<zj::InvalidZQDataType>(R"("zqobjectID"handle arrays must be a JSON array)");
+Failure const length_mismatch
+    = fails<zj::MismatchInRefAndDataLength>(R"(There is a mismatch in the size of "zqdata" and "zqobjectID".)");
+Failure const no_kvx = fails<zj::InvaildKVXID>("Handle array does not have a valid KVX ID.");
+Failure const no_class = fails<std::runtime_error>("Missing zqtype property in an object array of class ");
+Failure cast(std::string const& from_to) { return fails<std::runtime_error>("invalid conversion: JSON " + from_to); }
 
 // A single object's failure other than the three kept ones is lost: the list road then refuses the
 // object. For handles, zqhandle, then the lengths, then the kvx id's presence are tested before any
 // element is read; the numbers in the texts are read only after the elements.
 static FailureCase const failures[] = {
-    {"DataNumberRefusedByHeader", form(cls, "[1,1]", "5"), fails_with<zj::InvalidPropertyType>,
-        R"("zqdata" must be a JSON array)"},
-    {"MetadataNotAnObject", form(cls, "[1,1]", R"({"p":1})", R"(,"zqmetadata":[1])"), fails_with<zj::InvalidZQDataType>,
-        not_a_list},
-    {"PropertyShortOfSize", form(cls, "[2,2]", R"({"p":[1,2,3]})"), fails_with<zj::MismatchedZQSize>, mismatched_size},
-    {"PropertyBeyondSize", form(cls, "[1,1]", R"({"p":[1,2]})"), fails_with<zj::MismatchedZQSize>, mismatched_size},
+    {"DataNumberRefusedByHeader", form(cls, "[1,1]", "5"), fails<zj::InvalidPropertyType>(R"("zqdata" must be a JSON array)")},
+    {"MetadataNotAnObject", form(cls, "[1,1]", R"({"p":1})", R"(,"zqmetadata":[1])"), not_a_list},
+    {"PropertyShortOfSize", form(cls, "[2,2]", R"({"p":[1,2,3]})"), size_mismatch},
+    {"PropertyBeyondSize", form(cls, "[1,1]", R"({"p":[1,2]})"), size_mismatch},
     {"NameInDataAndMetadata", form(cls, "[1,1]", R"({"p":1})", R"(,"zqmetadata":{"p":2})"),
-        fails_with<zj::PropertyExistsException>, "Duplicate property names specified."},
-    {"EmptyListWithElements", form(cls, "[2,1]", "[]"), fails_with<zj::MismatchedZQSize>, mismatched_size},
-    {"ListShortOfSize", form(cls, "[1,2]", one_element), fails_with<zj::MismatchedZQSize>, mismatched_size},
-    {"ListBeyondSize", form(cls, "[1,1]", R"([{"p":1},{"p":2}])"), fails_with<zj::MismatchedZQSize>, mismatched_size},
-    {"ElementNotAnObject", form(cls, "[1,2]", R"([{"p":1},2])"), fails_with<zj::InvalidZQDataType>, bad_element},
-    {"ElementPropertyRuntimeError", form(cls, "[1,1]", R"([{"p":)" + struct_of_number + "}]"),
-        fails_with<zj::InvalidZQDataType>, bad_element},
-    {"ElementPropertyLogicError", logic_error_inside, fails_with<zj::InvalidZQDataType>,
-        R"(""pkg.Out arrays must be a object)"},
-    {"ElementPropertyParseErrorUnchanged", form(cls, "[1,2]", R"([{"p":null}])"), fails_with<zj::NullNotSupported>,
-        "JSON null not supported"},
-    {"MixedElementWithoutClass", form(mixed_class, "[1,1]", one_element), fails_with<std::runtime_error>, no_class},
-    {"MixedClassNotText", form(mixed_class, "[1,1]", R"([{"zqtype":5}])"), fails_with<std::runtime_error>,
-        "invalid conversion: JSON number to JSON string"},
-    {"MixedElementNotAnObject", form(mixed_class, "[1,1]", "[3]"), fails_with<std::runtime_error>,
-        "invalid conversion: JSON number to JSON object"},
+        fails<zj::PropertyExistsException>("Duplicate property names specified.")},
+    {"EmptyListWithElements", form(cls, "[2,1]", "[]"), size_mismatch},
+    {"ListShortOfSize", form(cls, "[1,2]", one_element), size_mismatch},
+    {"ListBeyondSize", form(cls, "[1,1]", R"([{"p":1},{"p":2}])"), size_mismatch},
+    {"ElementNotAnObject", form(cls, "[1,2]", R"([{"p":1},2])"), bad_element},
+    {"ElementPropertyRuntimeError", form(cls, "[1,1]", R"([{"p":)" + struct_of_number + "}]"), bad_element},
+    {"ElementPropertyLogicError", logic_error_inside, fails<zj::InvalidZQDataType>(R"(""pkg.Out arrays must be a object)")},
+    {"ElementPropertyParseErrorUnchanged", form(cls, "[1,2]", R"([{"p":null}])"),
+        fails<zj::NullNotSupported>("JSON null not supported")},
+    {"MixedElementWithoutClass", form(mixed_class, "[1,1]", one_element), no_class},
+    {"MixedClassNotText", form(mixed_class, "[1,1]", R"([{"zqtype":5}])"), cast("number to JSON string")},
+    {"MixedElementNotAnObject", form(mixed_class, "[1,1]", "[3]"), cast("number to JSON object")},
     // Nothing wraps the failure of a property in a mixed list.
-    {"MixedPropertyRuntimeErrorUnchanged", form(mixed_class, "[1,1]", R"([{"p":)" + struct_of_number + R"(,"zqtype":"pkg.A"}])"),
-        fails_with<std::runtime_error>, "invalid conversion: JSON number to JSON array"},
-    {"MixedWithObjectData", form(mixed_class, "[1,1]", R"({"p":1})"), fails_with<zj::InvalidZQDataType>, not_a_list},
-    {"MixedShortOfSize", form(mixed_class, "[1,2]", R"([{"zqtype":"pkg.A"}])"), fails_with<zj::MismatchedZQSize>,
-        mismatched_size},
-    {"HandleNotAnObject", handle_list("[1,1]", one_element, "5"), fails_with<zj::InvalidZQDataType>, handle_not_object},
-    {"HandleAList", handle_list("[1,1]", one_element, R"(["5"])"), fails_with<zj::InvalidZQDataType>, handle_not_object},
-    {"HandleBeforeElements", handle_list("[1,1]", "[2]", "5"), fails_with<zj::InvalidZQDataType>, handle_not_object},
-    {"KvxMissing", handle_list("[1,1]", one_element, R"({"zqobjectID":["1"]})"), fails_with<zj::InvalidZQDataType>,
-        kvx_not_text},
-    {"KvxANumber", handle_list("[1,1]", one_element, R"({"zqkvxID":5,"zqobjectID":["1"]})"),
-        fails_with<zj::InvalidZQDataType>, kvx_not_text},
-    {"KvxBeforeIds", handle_list("[1,1]", one_element, "{}"), fails_with<zj::InvalidZQDataType>, kvx_not_text},
-    {"IdsMissing", handle_list("[1,1]", one_element, R"({"zqkvxID":"5"})"), fails_with<zj::InvalidZQDataType>,
-        ids_not_list},
-    {"IdsNotAList", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":"1"})"),
-        fails_with<zj::InvalidZQDataType>, ids_not_list},
-    {"MoreIdsThanElements", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":["1","2"]})"),
-        fails_with<zj::MismatchInRefAndDataLength>, length_mismatch},
-    {"FewerIdsThanElements", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":[]})"),
-        fails_with<zj::MismatchInRefAndDataLength>, length_mismatch},
-    {"LengthsBeforeKvx", handle_list("[1,1]", one_element, R"({"zqkvxID":"","zqobjectID":[]})"),
-        fails_with<zj::MismatchInRefAndDataLength>, length_mismatch},
-    {"EmptyKvx", handle_list("[1,1]", one_element, R"({"zqkvxID":"","zqobjectID":["1"]})"),
-        fails_with<zj::InvaildKVXID>, no_kvx},
-    {"EmptyKvxOfEmptyList", handle_list("[0,0]", "[]", R"({"zqkvxID":"","zqobjectID":[]})"),
-        fails_with<zj::InvaildKVXID>, no_kvx},
-    {"EmptyKvxBeforeElements", handle_list("[1,1]", "[2]", R"({"zqkvxID":"","zqobjectID":["1"]})"),
-        fails_with<zj::InvaildKVXID>, no_kvx},
+    {"MixedPropertyRuntimeErrorUnchanged",
+        form(mixed_class, "[1,1]", R"([{"p":)" + struct_of_number + R"(,"zqtype":"pkg.A"}])"), cast("number to JSON array")},
+    {"MixedWithObjectData", form(mixed_class, "[1,1]", R"({"p":1})"), not_a_list},
+    {"MixedShortOfSize", form(mixed_class, "[1,2]", R"([{"zqtype":"pkg.A"}])"), size_mismatch},
+    {"HandleNotAnObject", handle_list("[1,1]", one_element, "5"), handle_not_object},
+    {"HandleAList", handle_list("[1,1]", one_element, R"(["5"])"), handle_not_object},
+    {"HandleBeforeElements", handle_list("[1,1]", "[2]", "5"), handle_not_object},
+    {"KvxMissing", handle_list("[1,1]", one_element, R"({"zqobjectID":["1"]})"), kvx_not_text},
+    {"KvxANumber", handle_list("[1,1]", one_element, R"({"zqkvxID":5,"zqobjectID":["1"]})"), kvx_not_text},
+    {"KvxBeforeIds", handle_list("[1,1]", one_element, "{}"), kvx_not_text},
+    {"IdsMissing", handle_list("[1,1]", one_element, R"({"zqkvxID":"5"})"), ids_not_list},
+    {"IdsNotAList", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":"1"})"), ids_not_list},
+    {"MoreIdsThanElements", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":["1","2"]})"), length_mismatch},
+    {"FewerIdsThanElements", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":[]})"), length_mismatch},
+    {"LengthsBeforeKvx", handle_list("[1,1]", one_element, R"({"zqkvxID":"","zqobjectID":[]})"), length_mismatch},
+    {"EmptyKvx", handle_list("[1,1]", one_element, R"({"zqkvxID":"","zqobjectID":["1"]})"), no_kvx},
+    {"EmptyKvxOfEmptyList", handle_list("[0,0]", "[]", R"({"zqkvxID":"","zqobjectID":[]})"), no_kvx},
+    {"EmptyKvxBeforeElements", handle_list("[1,1]", "[2]", R"({"zqkvxID":"","zqobjectID":["1"]})"), no_kvx},
     {"KvxNotDecimal", handle_list("[1,1]", one_element, R"({"zqkvxID":"abc","zqobjectID":["1"]})"),
-        fails_with<std::invalid_argument>, "stoul"},
+        fails<std::invalid_argument>("stoul")},
     {"KvxOutOfRange", handle_list("[1,1]", one_element, R"({"zqkvxID":"99999999999999999999999","zqobjectID":["1"]})"),
-        fails_with<std::out_of_range>, "stoul"},
+        fails<std::out_of_range>("stoul")},
     {"ElementsBeforeKvxNumber", handle_list("[1,1]", "[2]", R"({"zqkvxID":"abc","zqobjectID":["1"]})"),
-        fails_with<zj::InvalidZQDataType>, R"(""pkg.H arrays must be a object)"},
+        fails<zj::InvalidZQDataType>(R"(""pkg.H arrays must be a object)")},
     {"IdNotDecimal", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":["x"]})"),
-        fails_with<std::invalid_argument>, "stoll"},
+        fails<std::invalid_argument>("stoll")},
     {"IdOutOfRange", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":["99999999999999999999"]})"),
-        fails_with<std::out_of_range>, "stoll"},
-    {"IdNotText", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":[17]})"),
-        fails_with<std::runtime_error>, "invalid conversion: JSON number to JSON string"},
+        fails<std::out_of_range>("stoll")},
+    {"IdNotText", handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":[17]})"), cast("number to JSON string")},
     {"HandleElementsBeyondSize",
-        handle_list("[1,1]", R"([{"p":1},{"p":2}])", R"({"zqkvxID":"5","zqobjectID":["1","2"]})"),
-        fails_with<zj::MismatchedZQSize>, mismatched_size},
-    {"MixedHandleNotAnObject", handle_list("[1,1]", R"([{"zqtype":"pkg.A"}])", "5", mixed_class),
-        fails_with<zj::InvalidZQDataType>, handle_not_object},
+        handle_list("[1,1]", R"([{"p":1},{"p":2}])", R"({"zqkvxID":"5","zqobjectID":["1","2"]})"), size_mismatch},
+    {"MixedHandleNotAnObject", handle_list("[1,1]", R"([{"zqtype":"pkg.A"}])", "5", mixed_class), handle_not_object},
     {"MixedEmptyKvx", handle_list("[1,1]", R"([{"zqtype":"pkg.A"}])", R"({"zqkvxID":"","zqobjectID":["1"]})", mixed_class),
-        fails_with<zj::InvaildKVXID>, no_kvx},
+        no_kvx},
     {"MixedHandleElementWithoutClass",
-        handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":["1"]})", mixed_class),
-        fails_with<std::runtime_error>, no_class},
+        handle_list("[1,1]", one_element, R"({"zqkvxID":"5","zqobjectID":["1"]})", mixed_class), no_class},
     // Unlike a mixed value object list, an empty one must match its size.
     {"MixedEmptyHandlesWithElements", handle_list("[2,1]", "[]", R"({"zqkvxID":"5","zqobjectID":[]})", mixed_class),
-        fails_with<zj::MismatchedZQSize>, mismatched_size},
+        size_mismatch},
 };
 INSTANTIATE_TEST_SUITE_P(Failures, ObjectReaderFailure, ::testing::ValuesIn(failures),
     [](auto const& info) { return std::string(info.param.name); });

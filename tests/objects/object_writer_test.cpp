@@ -45,6 +45,24 @@ zd::Array standing_for_holding(zd::Array const& value, zd::Array const& array_va
     return standing_for({2, 2}, "pkg.Cls", {{"p", value}}, {{"r", array_value}});
 }
 zd::Array handle_holding(zd::Array const& value) { return handles({1, 1}, {handle(1, "pkg.H", {{"p", value}})}); }
+zd::Array with_external_dimensions(zd::Array const& objects)
+{
+    zd::ValueObjectArray array(objects);
+    array.setExternalDimensions({2, 2});
+    return array;
+}
+zd::Array with_array_property(zd::Array const& objects)
+{
+    zd::ValueObjectArray array(objects);
+    array.addArrayProperty(zd::ZorbalPropertyIdentifier("r"), scalar(9), true);
+    return array;
+}
+zd::Array with_second(zd::Array const& objects, zd::ValueObject const& second)
+{
+    zd::ValueObjectArray array(objects);
+    array[1] = second;
+    return array;
+}
 
 auto const all = zd::ObjectFilter::AllowAll;
 auto const listed = zd::ObjectFilter::AllowListed;
@@ -118,12 +136,7 @@ static WriteCase const cases[] = {
         R"({"zqdata":[{"p":{"zqdata":[5i],"zqsize":[1,1],"zqtype":"int8"},"q":"ab"}],"zqsize":[1,1],"zqtype":"pkg.Cls"})"},
     {"EmptyList", [] { return zd::Array(objects({0, 0}, "pkg.Cls", {})); },
         R"({"zqdata":[],"zqsize":[0,0],"zqtype":"pkg.Cls"})", Large},
-    {"ListIgnoresArrayProperties",
-        [] {
-            zd::ValueObjectArray array = objects({1, 1}, "pkg.Cls", {{{"p", scalar(1)}}});
-            array.addArrayProperty(zd::ZorbalPropertyIdentifier("r"), scalar(9), true);
-            return zd::Array(array);
-        },
+    {"ListIgnoresArrayProperties", [] { return with_array_property(one_of("pkg.Cls")); },
         R"({"zqdata":[{"p":1}],"zqsize":[1,1],"zqtype":"pkg.Cls"})"},
     {"ObjectAsProperty", [] { return zd::Array(objects({1, 1}, "pkg.Out", {{{"in", one_of("pkg.In")}}})); },
         R"({"zqdata":[{"in":{"zqdata":[{"p":1}],"zqsize":[1,1],"zqtype":"pkg.In"}}],"zqsize":[1,1],"zqtype":"pkg.Out"})"},
@@ -137,11 +150,7 @@ static WriteCase const cases[] = {
         [] { return zd::Array(mixed({1, 1}, {object("pkg.A", {{"zqtype", charRow(u"fake")}})})); },
         R"({"zqdata":[{"zqtype":"fake"}],"zqsize":[1,1],"zqtype":"zorbal.mixin.Heterogeneous"})"},
     {"ElementOfAnotherClassMakesItMixed",
-        [] {
-            zd::ValueObjectArray array = objects({1, 2}, "pkg.A", {{{"p", scalar(1)}}, {{"p", scalar(2)}}});
-            array[1] = object("pkg.B", {{"q", scalar(3)}});
-            return zd::Array(array);
-        },
+        [] { return with_second(objects({1, 2}, "pkg.A", {{{"p", scalar(1)}}, {{"p", scalar(2)}}}), object("pkg.B", {{"q", scalar(3)}})); },
         R"({"zqdata":[{"p":1,"zqtype":"pkg.A"},{"q":3,"zqtype":"pkg.B"}],"zqsize":[1,2],"zqtype":"zorbal.mixin.Heterogeneous"})"},
     {"StandingForLarge", standing_for_four,
         R"({"zqdata":{"p":{"zqdata":[1,2,3,4],"zqsize":[2,2],"zqtype":"double"}},)"
@@ -154,31 +163,17 @@ static WriteCase const cases[] = {
         R"({"zqdata":{"p":1},"zqsize":[3,2],"zqtype":"pkg.Cls"})"},
     {"StandingForOne", [] { return zd::Array(standing_for({1, 1}, "pkg.Cls", {}, {})); },
         R"({"zqdata":{},"zqsize":[1,1],"zqtype":"pkg.Cls"})"},
-    {"StandingForWithMixedClass",
-        [] {
-            zd::ValueObjectArray array = mixed({1, 1}, {object("pkg.A", {{"p", scalar(1)}})});
-            array.setExternalDimensions({2, 2});
-            return zd::Array(array);
-        },
+    {"StandingForWithMixedClass", [] { return with_external_dimensions(mixed_holding(scalar(1))); },
         R"({"zqdata":{"p":1},"zqsize":[2,2],"zqtype":"zorbal.mixin.Heterogeneous"})"},
-    {"ExternalDimensionsOfThreeElementsIgnored",
-        [] {
-            zd::ValueObjectArray array = objects({1, 3}, "pkg.Cls", {{{"p", scalar(1)}}, {{"p", scalar(2)}}, {{"p", scalar(3)}}});
-            array.setExternalDimensions({2, 2});
-            return zd::Array(array);
-        },
-        R"({"zqdata":[{"p":1},{"p":2},{"p":3}],"zqsize":[1,3],"zqtype":"pkg.Cls"})"},
+    {"ExternalDimensionsOfTwoElementsIgnored", [] { return with_external_dimensions(pair_of_objects()); },
+        R"({"zqdata":[{"p":1},{"p":2}],"zqsize":[1,2],"zqtype":"pkg.Cls"})"},
     {"HandleLarge", one_handle,
         R"({"zqdata":[{"p":{"zqdata":[1],"zqsize":[1,1],"zqtype":"double"}}],"zqsize":[1,1],"zqtype":"pkg.H"})", Large},
     {"HandleSmall", one_handle, R"({"zqdata":[{"p":1}],"zqsize":[1,1],"zqtype":"pkg.H"})"},
     {"HandlesNamedByTheFirst",
         [] { return handles({1, 2}, {handle(1, "pkg.A", {{"p", scalar(1)}}), handle(2, "pkg.B", {{"q", scalar(2)}})}); },
         R"({"zqdata":[{"p":1},{"q":2}],"zqsize":[1,2],"zqtype":"pkg.A"})"},
-    {"SameHandleTwice",
-        [] {
-            zd::HandleObjectRef const same = handle(7, "pkg.H", {{"p", scalar(1)}});
-            return handles({2, 1}, {same, same});
-        },
+    {"SameHandleTwice", [] { auto const same = handle(7, "pkg.H", {{"p", scalar(1)}}); return handles({2, 1}, {same, same}); },
         R"({"zqdata":[{"p":1},{"p":1}],"zqsize":[2,1],"zqtype":"pkg.H"})"},
     {"NoHandles", [] { return handles({0, 0}, {}); }, R"({"zqdata":[],"zqsize":[0,0],"zqtype":""})", Large},
     {"NoHandlesWithAZero", [] { return handles({0, 3}, {}); }, R"({"zqdata":[],"zqsize":[0,3],"zqtype":""})"},

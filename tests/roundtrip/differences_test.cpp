@@ -88,7 +88,7 @@ TEST_P(Returns, WhatTheReaderMakesOfTheWrittenForm)
     Returned const& row = GetParam();
     zd::Array const array = row.make();
     SCOPED_TRACE(describe(row.setting) + ": " + text_of(array, row.setting));
-    expect_same(written_and_read(array, row.setting, row.path), row.expected());
+    expect_same(written_and_read(array, row.setting, row.path), row.expected(), row.setting);
 }
 
 INSTANTIATE_TEST_SUITE_P(RoundTrip, Returns, ::testing::ValuesIn(returned),

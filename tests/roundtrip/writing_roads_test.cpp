@@ -25,37 +25,30 @@ public:
 
     zd::Array any(int depth)
     {
-        auto const complex = [](ArrayGenerator& g) { return std::complex<double>(g.a_double(), g.a_double()); };
-        auto const complex16 = [](ArrayGenerator& g) {
-            return std::complex<std::int16_t>(g.an_integer<std::int16_t>(), g.an_integer<std::int16_t>());
-        };
-        switch (pick(depth > 0 ? 16 : 11)) {
+        switch (pick(depth > 0 ? 14 : 10)) {
         case 0: return dense<double>(&ArrayGenerator::a_double);
         case 1: return dense<float>([](ArrayGenerator& g) { return static_cast<float>(g.a_double()); });
-        case 2: return dense<std::int8_t>(&ArrayGenerator::an_integer<std::int8_t>);
-        case 3: return dense<unsigned long long>(&ArrayGenerator::an_integer<unsigned long long>);
-        case 4: return dense<long long>(&ArrayGenerator::an_integer<long long>);
-        case 5: return dense<bool>([](ArrayGenerator& g) { return g.pick(2) == 1; });
-        case 6: return dense<std::complex<double>>(complex);
-        case 7: return dense<std::complex<std::int16_t>>(complex16);
-        case 8: {
+        case 2: return dense<unsigned long long>(&ArrayGenerator::an_integer<unsigned long long>);
+        case 3: return dense<std::int8_t>(&ArrayGenerator::an_integer<std::int8_t>);
+        case 4: return dense<bool>([](ArrayGenerator& g) { return g.pick(2) == 1; });
+        case 5: return dense<std::complex<double>>([](ArrayGenerator& g) { return std::complex(g.a_double(), g.a_double()); });
+        case 6: {
             Dims dims = shape();
             std::u16string units;
             while (units.size() < count(dims))
                 units += text() + u"x";
-            units.resize(count(dims));
-            return chars(std::move(dims), units);
+            return chars(std::move(dims), units.substr(0, count(dims)));
         }
-        case 9: return dense<Text>([](ArrayGenerator& g) { return g.pick(4) == 0 ? Text() : Text(g.text()); });
-        case 10: {
+        case 7: return dense<Text>([](ArrayGenerator& g) { return g.pick(4) == 0 ? Text() : Text(g.text()); });
+        case 8: {
             Entries<double> entries;
             for (unsigned long i = 0, n = pick(3); i < n; ++i)
                 entries.emplace_back(i, (i * 2) % 3, a_double());
             return sparse<double>({3, 3}, entries);
         }
-        case 11: return dense<zd::Array>([depth](ArrayGenerator& g) { return g.any(depth - 1); });
-        case 12: return struct_of(depth);
-        case 13: {
+        case 9: return dense<zd::Array>([depth](ArrayGenerator& g) { return g.any(depth - 1); });
+        case 10: return struct_of(depth);
+        case 11: {
             objects::Properties const first = properties(depth);
             std::vector<objects::Properties> elements(pick(3), first);
             for (auto& element : elements)
@@ -63,13 +56,18 @@ public:
                     property.second = any(depth - 1);
             return objects::objects({1, elements.size()}, a_class(), elements);
         }
-        case 14: {
+        case 12: {
             std::vector<zd::ValueObject> elements;
             for (unsigned n = 1 + pick(2); n > 0; --n)
                 elements.push_back(objects::object(a_class(), properties(depth)));
             return objects::mixed({1, elements.size()}, elements);
         }
-        default: return depth % 2 ? standing(depth) : handle_list(depth);
+        default: {
+            std::vector<zd::HandleObjectRef> elements;
+            for (unsigned n = pick(3); n > 0; --n)
+                elements.push_back(objects::handle(next_id_++, a_class(), properties(depth)));
+            return objects::handles({1, elements.size()}, elements);
+        }
         }
     }
 
@@ -151,23 +149,6 @@ private:
             fields.emplace_back(field, std::move(values));
         }
         return structs(dims, fields);
-    }
-
-    zd::Array standing(int depth)
-    {
-        objects::Properties array_properties = pick(2) ? properties(depth) : objects::Properties();
-        // The array properties are declared beside the others, so they take names of their own.
-        for (auto& property : array_properties)
-            property.first = "m" + property.first;
-        return objects::standing_for({2, 2}, a_class(), properties(depth), array_properties);
-    }
-
-    zd::Array handle_list(int depth)
-    {
-        std::vector<zd::HandleObjectRef> elements;
-        for (unsigned n = pick(3); n > 0; --n)
-            elements.push_back(objects::handle(next_id_++, a_class(), properties(depth)));
-        return objects::handles({1, elements.size()}, elements);
     }
 
     // Classes are declared once for the process, each with its properties, so every array has its own.

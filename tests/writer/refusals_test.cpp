@@ -37,6 +37,9 @@ bool const two[] = {true, false};
 unsigned long const rows[] = {0, 1};
 double const values[] = {1, 2};
 
+constexpr zjd::exact_value exact;
+constexpr zjd::floating_value<String> floating;
+
 constexpr auto small_writer = [](zd::Array array, auto& out) {
     zjd::write_array<Small, String, zd::ObjectFilter::AllowAll>(std::move(array), out);
 };
@@ -53,45 +56,27 @@ TEST(Writer, ElementsThatDisagreeWithTheDimensionsAreRefused)
         void (*write)(Out&);
         char const* text;
     } const cases[] = {
-        {"NumericMore", [](Out& out) { zjd::write_numeric(out, Dims{2, 2}, range(three, 3), zjd::exact_value()); },
-            mismatch},
-        {"NumericFewer", [](Out& out) { zjd::write_numeric(out, Dims{1, 2}, range(three, 3), zjd::exact_value()); },
-            mismatch},
-        {"Nested", [](Out& out) { zjd::nested_form(out, Dims{3, 1}, range(two, 2), zjd::exact_value()); }, mismatch},
-        {"Scalar", [](Out& out) { zjd::scalar_form(out, range(two, 2), zjd::exact_value()); }, mismatch},
-        {"SparseValues",
-            [](Out& out) {
-                zjd::write_sparse(out, Dims{2, 2}, rows, rows, range(values, 1), zjd::floating_value<String>());
-            },
+        {"NumericMore", [](Out& out) { zjd::write_numeric(out, Dims{2, 2}, range(three, 3), exact); }, mismatch},
+        {"NumericFewer", [](Out& out) { zjd::write_numeric(out, Dims{1, 2}, range(three, 3), exact); }, mismatch},
+        {"Nested", [](Out& out) { zjd::nested_form(out, Dims{3, 1}, range(two, 2), exact); }, mismatch},
+        {"Scalar", [](Out& out) { zjd::scalar_form(out, range(two, 2), exact); }, mismatch},
+        {"SparseValues", [](Out& out) { zjd::write_sparse(out, Dims{2, 2}, rows, rows, range(values, 1), floating); },
             mismatch},
         {"SparseColumns",
-            [](Out& out) {
-                zjd::write_sparse(
-                    out, Dims{2, 2}, rows, std::span(rows, 1), range(values, 2), zjd::floating_value<String>());
-            },
+            [](Out& out) { zjd::write_sparse(out, Dims{2, 2}, rows, std::span(rows, 1), range(values, 2), floating); },
             mismatch},
-        {"SparseOneDimension",
-            [](Out& out) {
-                zjd::write_sparse(out, Dims{4}, rows, rows, range(values, 2), zjd::floating_value<String>());
-            },
+        {"SparseOneDimension", [](Out& out) { zjd::write_sparse(out, Dims{4}, rows, rows, range(values, 2), floating); },
             too_few},
         {"Cell",
-            [](Out& out) {
-                zd::Array const a = oneAndAbc();
-                zjd::write_cell(out, Dims{2, 2}, zd::getReadOnlyElements<zd::Array>(a), small_writer);
-            },
+            [](Out& out) { zjd::write_cell(out, Dims{2, 2}, zd::getReadOnlyElements<zd::Array>(oneAndAbc()), small_writer); },
             mismatch},
         {"Enum",
             [](Out& out) {
-                zd::Array const a = enums({1, 2}, "pkg.Color", {"red", "blue"});
-                zjd::write_enum(out, Dims{1, 3}, "pkg.Color", zd::getReadOnlyElements<zd::Enumeration>(a));
+                zjd::write_enum(out, Dims{1, 3}, "E", zd::getReadOnlyElements<zd::Enumeration>(enums({1, 2}, "E", {"a", "b"})));
             },
             mismatch},
         {"String",
-            [](Out& out) {
-                zd::Array const a = strings({1, 2}, {Text(u"abc"), Text()});
-                zjd::write_string(out, Dims{2, 2}, zd::getReadOnlyElements<Text>(a));
-            },
+            [](Out& out) { zjd::write_string(out, Dims{2, 2}, zd::getReadOnlyElements<Text>(strings({1, 2}, {Text(u"a"), Text()}))); },
             mismatch},
         // The walk runs on from field to field, so a count larger than the elements starves the last field.
         {"StructFieldRunsOut", [](Out& out) { zjd::write_struct_large(out, Dims{2, 2}, fieldsOfTwo(), small_writer); },
@@ -105,7 +90,7 @@ TEST(Writer, ElementsThatDisagreeWithTheDimensionsAreRefused)
         SCOPED_TRACE(c.name);
         EXPECT_THROW_WHAT(built(c.write), std::runtime_error, c.text);
     }
-    EXPECT_EQ(tagged(built([](Out& out) { zjd::write_numeric(out, Dims{3, 1}, range(three, 3), zjd::exact_value()); })),
+    EXPECT_EQ(tagged(built([](Out& out) { zjd::write_numeric(out, Dims{3, 1}, range(three, 3), exact); })),
         R"({"zqdata":[1i,2i,3i],"zqsize":[3,1],"zqtype":"int32"})");
     EXPECT_THROW_WHAT(zjd::nesting_shape({std::numeric_limits<unsigned long>::max(), 2}),
         boost::numeric::positive_overflow, "bad numeric conversion: positive overflow");

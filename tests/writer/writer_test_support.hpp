@@ -13,9 +13,11 @@
 
 #include <algorithm>
 #include <complex>
+#include <cstdlib>
 #include <cstddef>
 #include <initializer_list>
 #include <memory>
+#include <new>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -71,12 +73,20 @@ inline std::string tagged(fj::Value const& value)
 }
 
 // The tagged text of array written with the mode, the NanType and the filter; the text written without a
-// tree must be the serialised tree, byte for byte.
+// tree must be the serialised tree, byte for byte, compact and indented.
 inline std::string write(zd::Array array, ToJsonMode mode, NanType nan = NanType::String,
     zd::ObjectFilter filter = zd::ObjectFilter::AllowAll)
 {
     EXPECT_TRUE(same_on_both_roads(array, mode, nan, filter));
+    EXPECT_TRUE(same_on_both_roads(array, mode, nan, filter, 2));
     return tagged(foundation::zorbaldata::json::zorbaldata_to_json(std::move(array), mode, nan, filter));
+}
+
+// The large form of an array of the type and dimensions holding the data, "zqdata" first as the keys
+// are in byte order.
+inline std::string large(std::string const& type, std::string const& size, std::string const& data)
+{
+    return R"({"zqdata":)" + data + R"(,"zqsize":)" + size + R"(,"zqtype":")" + type + R"("})";
 }
 
 // The tree that one of the library's writers gives: write(out) into a tree output.
@@ -94,7 +104,7 @@ struct WriteCase {
     zd::Array (*make)();
     ToJsonMode mode;
     NanType nan;
-    char const* expected;
+    std::string expected;
 };
 
 template <std::size_t N>
@@ -183,30 +193,22 @@ inline zd::Array structs(Dims dims, std::vector<std::pair<std::string, std::vect
 template <typename T>
 using Entries = std::vector<std::tuple<unsigned long, unsigned long, T>>;
 
+// A buffer that the factory takes over, holding part I of each entry.
+template <std::size_t I, typename T, typename E = std::tuple_element_t<I, typename Entries<T>::value_type>>
+std::unique_ptr<E[], void (*)(void*)> buffer(Entries<T> const& entries)
+{
+    E* data = static_cast<E*>(std::malloc(sizeof(E) * (entries.size() + 1)));
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        new (data + i) E(std::get<I>(entries[i]));
+    return {data, std::free};
+}
+
 template <typename T>
 zd::Array sparse(Dims dims, Entries<T> const& entries)
 {
-    zd::ArrayType const type = zd::detail::SparseElementType<T>::value;
-    if (entries.empty())
-        return factory.createArray(type, std::move(dims));
-    auto buffer = [&](zd::ArrayType elementType) {
-        void* data = nullptr;
-        void (*deleter)(void*) = nullptr;
-        factory.createBuffer(&data, &deleter, elementType, entries.size());
-        return std::make_pair(data, deleter);
-    };
-    auto [values, freeValues] = buffer(zd::detail::ElementType<T>::value);
-    auto [rows, freeRows] = buffer(zd::ArrayType::UINT64);
-    auto [cols, freeCols] = buffer(zd::ArrayType::UINT64);
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        static_cast<T*>(values)[i] = std::get<2>(entries[i]);
-        static_cast<unsigned long*>(rows)[i] = std::get<0>(entries[i]);
-        static_cast<unsigned long*>(cols)[i] = std::get<1>(entries[i]);
-    }
-    using Indices = std::unique_ptr<unsigned long[], void (*)(void*)>;
-    return factory.createSparseArray(std::move(dims), entries.size(), type,
-        std::unique_ptr<void, void (*)(void*)>(values, freeValues),
-        Indices(static_cast<unsigned long*>(rows), freeRows), Indices(static_cast<unsigned long*>(cols), freeCols));
+    return factory.createSparseArray(std::move(dims), entries.size(), zd::detail::SparseElementType<T>::value,
+        std::unique_ptr<void, void (*)(void*)>(buffer<2>(entries).release(), std::free), buffer<0>(entries),
+        buffer<1>(entries));
 }
 
 } // namespace zq::test::writer
