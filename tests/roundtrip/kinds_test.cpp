@@ -174,6 +174,10 @@ TEST_P(Kinds, ComeBackFromTheirText)
     for (Setting const setting : settings) {
         SCOPED_TRACE(describe(setting) + ": " + text_of(array, setting));
         expect_same(written_and_read(array, setting, Path::Text), array, setting);
+        // Whatever the filter and the indentation, the text written straight is the serialised tree.
+        for (zd::ObjectFilter const filter : {zd::ObjectFilter::AllowListed, zd::ObjectFilter::DenyAll})
+            for (unsigned const indent : {0u, 2u, 3u})
+                EXPECT_TRUE(zq::test::same_on_both_roads(array, setting.mode, setting.nan, filter, indent));
     }
 }
 
