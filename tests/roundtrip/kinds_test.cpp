@@ -35,29 +35,13 @@ struct KindCase {
     Paths paths;
 };
 
-template <typename T>
-zd::Array extremes()
-{
-    return numbers<T>({1, 3}, {std::numeric_limits<T>::min(), T(0), std::numeric_limits<T>::max()});
-}
-
-template <typename T>
-zd::Array complexExtremes()
-{
-    using Limits = std::numeric_limits<T>;
-    return numbers<std::complex<T>>({1, 2}, {{Limits::min(), Limits::max()}, {T(1), T(0)}});
-}
-
+// Each integer type's least, zero and greatest, as real numbers and as the parts of complex ones.
 template <typename... T>
-zd::Array extremesOf()
+zd::Array integers()
 {
-    return cell({1, sizeof...(T)}, {extremes<T>()...});
-}
-
-template <typename... T>
-zd::Array complexExtremesOf()
-{
-    return cell({1, sizeof...(T)}, {complexExtremes<T>()...});
+    return cell({2, sizeof...(T)},
+        {numbers<T>({1, 3}, {std::numeric_limits<T>::min(), T(0), std::numeric_limits<T>::max()})...,
+            numbers<std::complex<T>>({1, 2}, {{std::numeric_limits<T>::min(), std::numeric_limits<T>::max()}, {T(1), T(0)}})...});
 }
 
 zd::Array nested()
@@ -87,8 +71,8 @@ static KindCase const kinds[] = {
     {"Single", [] { return cell({1, 2}, {numbers<float>({2, 4}, {0.1f, -0.0f, Single::max(), Single::lowest(),
         Single::min(), Single::denorm_min(), fnan, -finf}), numbers<float>({1, 1}, {5})}); }, TextOnly},
     {"SingleEmpty", [] { return numbers<float>({0, 0}, {}); }, TextAndTree},
-    {"Integers", extremesOf<signed char, unsigned char, short, unsigned short, int, unsigned, long long,
-        unsigned long long>, TextAndTree},
+    {"Integers", integers<signed char, unsigned char, short, unsigned short, int, unsigned, long long, unsigned long long>,
+        TextAndTree},
     {"IntegersBeyondDoubles", [] { return cell({1, 4}, {numbers<long long>({1, 1}, {(1LL << 53) + 1}),
         numbers<unsigned long long>({1, 1}, {(1ULL << 63) + 1}), numbers<short>({2, 1, 2}, {1, -2, 3, -4}),
         numbers<unsigned>({3, 0}, {})}); }, TextAndTree},
@@ -96,9 +80,6 @@ static KindCase const kinds[] = {
         numbers<ComplexDouble>({2, 1, 2}, {{1, 2}, {3, 4}, {5, 6}, {7, 8}}), numbers<ComplexDouble>({0, 0}, {})}); },
         TextAndTree},
     {"ComplexSingle", [] { return numbers<ComplexSingle>({2, 1}, {{0.1f, Single::max()}, {-0.0f, 3}}); }, TextOnly},
-    {"ComplexIntegers", complexExtremesOf<signed char, unsigned char, short, unsigned short, int, unsigned, long long,
-        unsigned long long>, TextAndTree},
-
     {"SparseDouble", [] { return sparse<double>({3, 2}, {{2, 1, 8.0}, {0, 1, 7.0}, {1, 0, -0.5}}); }, TextOnly},
     {"SparseKinds", [] { return cell({1, 7}, {sparse<double>({2, 2}, {{0, 0, nan}, {1, 0, inf}, {1, 1, -inf}}),
         sparse<double>({1, 1}, {{0, 0, 5.0}}), sparse<double>({1UL << 31, 1UL << 31}, {{(1UL << 31) - 1, 3, 1.0}}),

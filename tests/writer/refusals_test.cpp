@@ -98,26 +98,14 @@ TEST(Writer, ElementsThatDisagreeWithTheDimensionsAreRefused)
 
 TEST(Writer, FewerThanTwoDimensionsAreRefusedAtAnyDepth)
 {
-    static struct {
-        char const* name;
-        zd::Array (*make)();
-    } const cases[] = {
-        {"Double", [] { return doubles({3}, {1, 2, 3}); }},
-        {"DoubleWithoutDimensions", [] { return doubles({}, {1}); }},
-        {"Logical", [] { return logicals({1}, {true}); }},
-        {"Integer", [] { return numbers<short>({1}, {1}); }},
-        {"Char", [] { return chars({3}, u"abc"); }},
-        {"String", [] { return strings({1}, {Text(u"a")}); }},
-        {"Cell", [] { return cell({1}, {scalar(1)}); }},
-        {"Struct", [] { return structs({1}, {{"a", {scalar(1)}}}); }},
-        {"Enumeration", [] { return enums({1}, "pkg.E", {"a"}); }},
-        // Nothing wraps the failure of what a container holds.
-        {"InStructInCell", [] { return cell({1, 1}, {structs({1, 1}, {{"a", {scalar(1)}}, {"b", {doubles({2}, {1, 2})}}})}); }},
-    };
-    for (auto const& c : cases)
+    // Nothing wraps the failure of what a container holds.
+    zd::Array const arrays[] = {doubles({3}, {1, 2, 3}), doubles({}, {1}), logicals({1}, {true}), numbers<short>({1}, {1}),
+        chars({3}, u"abc"), strings({1}, {Text(u"a")}), cell({1}, {scalar(1)}), structs({1}, {{"a", {scalar(1)}}}),
+        enums({1}, "pkg.E", {"a"}), cell({1, 1}, {structs({1, 1}, {{"a", {scalar(1)}}, {"b", {doubles({2}, {1, 2})}}})})};
+    for (zd::Array const& array : arrays)
         for (ToJsonMode const mode : {Large, Small}) {
-            SCOPED_TRACE(::testing::Message() << c.name << (mode == Large ? " large" : " small"));
-            EXPECT_THROW_WHAT(write(c.make(), mode), std::runtime_error, too_few);
+            SCOPED_TRACE(::testing::Message() << zd::getTypeName(array.getType()) << (mode == Large ? " large" : " small"));
+            EXPECT_THROW_WHAT(write(array, mode), std::runtime_error, too_few);
         }
     EXPECT_THROW_WHAT(write(cell({1, 1}, {factory.createArray(zd::ArrayType::HANDLE_OBJECT_REF, {1, 1})}), Large),
         zd::ObjectNotSupportedException, "Serializing handle object as reference is not supported for JSON.");

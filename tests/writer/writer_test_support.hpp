@@ -107,32 +107,14 @@ struct WriteCase {
     std::string expected;
 };
 
-template <std::size_t N>
-void expect_writes(WriteCase const (&cases)[N])
-{
-    for (WriteCase const& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(write(c.make(), c.mode, c.nan), c.expected);
-    }
-}
-
 template <typename T>
-zd::Array numbers(Dims dims, std::initializer_list<T> elements)
-{
-    return factory.createArray<T>(std::move(dims), elements);
-}
+zd::Array numbers(Dims dims, std::initializer_list<T> values) { return factory.createArray<T>(dims, values); }
 
-inline zd::Array doubles(Dims dims, std::initializer_list<double> elements)
-{
-    return numbers<double>(std::move(dims), elements);
-}
+inline zd::Array doubles(Dims dims, std::initializer_list<double> values) { return numbers<double>(dims, values); }
 
 inline zd::Array scalar(double value) { return factory.createScalar(value); }
 
-inline zd::Array logicals(Dims dims, std::initializer_list<bool> elements)
-{
-    return numbers<bool>(std::move(dims), elements);
-}
+inline zd::Array logicals(Dims dims, std::initializer_list<bool> values) { return numbers<bool>(dims, values); }
 
 // The contiguous range of the n elements at first, as the writers take the elements of plain arrays.
 template <typename T>
@@ -152,19 +134,16 @@ zd::Array filled(zd::Array array, Values const& values)
     return array;
 }
 
-inline zd::Array chars(Dims dims, std::u16string const& units)
+inline zd::Array chars(Dims dims, std::u16string const& units) { return filled<char16_t>(factory.createCharArray(dims), units); }
+
+inline zd::Array strings(Dims dims, std::initializer_list<Text> texts)
 {
-    return filled<char16_t>(factory.createCharArray(std::move(dims)), units);
+    return filled<Text>(factory.createArray(zd::ArrayType::STRING, dims), texts);
 }
 
-inline zd::Array strings(Dims dims, std::initializer_list<Text> elements)
+inline zd::Array cell(Dims dims, std::initializer_list<zd::Array> arrays)
 {
-    return filled<Text>(factory.createArray(zd::ArrayType::STRING, std::move(dims)), elements);
-}
-
-inline zd::Array cell(Dims dims, std::initializer_list<zd::Array> elements)
-{
-    return filled<zd::Array>(factory.createArray(zd::ArrayType::CELL, std::move(dims)), elements);
+    return filled<zd::Array>(factory.createArray(zd::ArrayType::CELL, dims), arrays);
 }
 
 inline zd::Array enums(Dims dims, std::string className, std::initializer_list<char const*> members)
