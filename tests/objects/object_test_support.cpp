@@ -3,7 +3,6 @@
 
 #include "reading_paths.hpp"
 
-
 #include <charconv>
 
 namespace zq::test::objects {
@@ -20,67 +19,50 @@ std::string dims_text(Dims const& dims)
     return text;
 }
 
+// The texts of the elements, each made by text, between open and close and apart by separator.
+template <typename Range, typename Text>
+std::string joined(Range const& elements, Text text, char const* open, char const* separator, char const* close)
+{
+    std::string joined;
+    for (auto const& element : elements)
+        joined += (joined.empty() ? "" : separator) + text(element);
+    return open + joined + close;
+}
+
 std::string number_text(double value)
 {
     char buffer[32];
-    auto const end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-    return std::string(buffer, end);
-}
-
-std::string doubles_text(zd::Array const& array)
-{
-    auto const elements = zd::getReadOnlyElements<double>(array);
-    if (array.getDimensions() == Dims { 1, 1 })
-        return number_text(*elements.begin());
-    std::string text = dims_text(array.getDimensions()) + "(";
-    for (double const value : elements)
-        text += (text.back() == '(' ? "" : " ") + number_text(value);
-    return text + ")";
+    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
 }
 
 std::string class_text(zd::ClassInfo const& info)
 {
-    std::string text = info.getClassIdentifier().getFullyQualifiedClassName() + "(";
-    for (zd::ZorbalPropertyIdentifier const& property : info.getPropertyIdentifiers())
-        text += (text.back() == '(' ? "" : ",") + property.getExternalPropertyName();
-    return text + ")";
+    return info.getClassIdentifier().getFullyQualifiedClassName()
+        + joined(info.getPropertyIdentifiers(), [](auto const& p) { return p.getExternalPropertyName(); }, "(", ",", ")");
 }
 
-std::string properties_text(
-    zd::ForwardIterator<zd::Property const> property, zd::ForwardIterator<zd::Property const> const& end)
+std::string properties_text(zd::Range<zd::ForwardIterator, zd::Property const> const& properties)
 {
-    std::string text = "{";
-    for (; property != end; ++property)
-        text += (text.size() > 1 ? ";" : "") + property->getIdentifier().getExternalPropertyName() + "="
-            + contents(property->castToArray());
-    return text + "}";
+    return joined(properties, [](zd::Property const& p) {
+        return p.getIdentifier().getExternalPropertyName() + "=" + contents(p.castToArray());
+    }, "{", ";", "}");
 }
 
 std::string object_text(zd::ValueObject const& object, bool with_class)
 {
-    return (with_class ? class_text(object.getClassInfo()) : "")
-        + properties_text(object.cbegin(), object.cend());
-}
-
-template <typename T, typename Element> std::string list_text(zd::Array const& array, Element element)
-{
-    std::string text = "[";
-    for (auto const reference : zd::getReadOnlyElements<T>(array))
-        text += (text.size() > 1 ? ", " : "") + element(reference);
-    return text + "]";
+    return (with_class ? class_text(object.getClassInfo()) : "") + properties_text({object.cbegin(), object.cend()});
 }
 
 std::string value_objects_text(zd::ValueObjectArray const& array)
 {
     bool const mixed = array.isHeterogeneous();
-    std::string text
-        = class_text(array.getClassInfo()) + (mixed ? " mixed " : " ") + dims_text(array.getDimensions());
+    std::string text = class_text(array.getClassInfo()) + (mixed ? " mixed " : " ") + dims_text(array.getDimensions());
     if (array.isExternalDimensionsSet())
         text += " ext " + dims_text(array.getExternalDimensions());
-    text += " "
-        + list_text<zd::ValueObject>(array, [&](auto const& element) { return object_text(element, mixed); });
+    text += " " + joined(zd::getReadOnlyElements<zd::ValueObject>(array),
+        [&](auto const& element) { return object_text(element, mixed); }, "[", ", ", "]");
     if (array.beginArrayProp() != array.endArrayProp())
-        text += " meta" + properties_text(array.beginArrayProp(), array.endArrayProp());
+        text += " meta" + properties_text({array.beginArrayProp(), array.endArrayProp()});
     return text;
 }
 
@@ -100,25 +82,21 @@ zd::Array read(std::string const& json, Objects objects)
 
 std::string contents(zd::Array const& array)
 {
+    std::string const dims = dims_text(array.getDimensions());
     switch (array.getType()) {
     case zd::ArrayType::DOUBLE:
-        return doubles_text(array);
-    case zd::ArrayType::CHAR: {
-        std::string text = "'";
-        for (char16_t const unit : zd::getReadOnlyElements<char16_t>(array))
-            text += static_cast<char>(unit);
-        return text + "'";
-    }
-    case zd::ArrayType::VALUE_OBJECT:
-        return value_objects_text(zd::ValueObjectArray(array));
+        if (dims == "1x1")
+            return number_text(*zd::getReadOnlyElements<double>(array).begin());
+        return dims + joined(zd::getReadOnlyElements<double>(array), number_text, "(", " ", ")");
+    case zd::ArrayType::CHAR:
+        return joined(zd::getReadOnlyElements<char16_t>(array), [](char16_t unit) { return std::string(1, char(unit)); },
+            "'", "", "'");
+    case zd::ArrayType::VALUE_OBJECT: return value_objects_text(zd::ValueObjectArray(array));
     case zd::ArrayType::HANDLE_OBJECT_REF:
-        return "handles " + dims_text(array.getDimensions()) + " "
-            + list_text<zd::HandleObjectRef>(array, [](auto const& element) { return handle_text(element); });
+        return "handles " + dims + " " + joined(zd::getReadOnlyElements<zd::HandleObjectRef>(array), handle_text, "[", ", ", "]");
     case zd::ArrayType::CELL:
-        return "cell " + dims_text(array.getDimensions()) + " "
-            + list_text<zd::Array>(array, [](auto const& element) { return contents(element); });
-    default:
-        return std::string(zd::getTypeName(array.getType())) + " " + dims_text(array.getDimensions());
+        return "cell " + dims + " " + joined(zd::getReadOnlyElements<zd::Array>(array), contents, "[", ", ", "]");
+    default: return std::string(zd::getTypeName(array.getType())) + " " + dims;
     }
 }
 
@@ -127,15 +105,13 @@ zd::ValueObject object(std::string const& class_name, Properties const& properti
     std::vector<zd::ZorbalPropertyIdentifier> declared;
     for (auto const& property : properties)
         declared.emplace_back(property.first);
-    zd::ValueObject made
-        = factory.createValueObject(factory.createClassInfo(zd::ZorbalClassIdentifier(class_name), declared));
+    zd::ValueObject made = factory.createValueObject(factory.createClassInfo(zd::ZorbalClassIdentifier(class_name), declared));
     for (auto const& [name, value] : properties)
         made[name] = value;
     return made;
 }
 
-zd::ValueObjectArray objects(
-    Dims dims, std::string const& class_name, std::vector<Properties> const& elements)
+zd::ValueObjectArray objects(Dims dims, std::string const& class_name, std::vector<Properties> const& elements)
 {
     zd::ValueObjectArray array = factory.createValueObjectArray(std::move(dims),
         elements.empty() ? factory.createClassInfo(zd::ZorbalClassIdentifier(class_name))
@@ -156,7 +132,7 @@ zd::ValueObjectArray mixed(Dims dims, std::vector<zd::ValueObject> const& elemen
 zd::ValueObjectArray standing_for(Dims external, std::string const& class_name, Properties const& properties,
     Properties const& array_properties)
 {
-    zd::ValueObjectArray array = objects({ 1, 1 }, class_name, { properties });
+    zd::ValueObjectArray array = objects({1, 1}, class_name, {properties});
     array.setExternalDimensions(std::move(external));
     for (auto const& [name, value] : array_properties)
         array.addArrayProperty(zd::ZorbalPropertyIdentifier(name), value, true);
@@ -169,7 +145,7 @@ zd::HandleObjectRef handle(long long object_id, std::string const& class_name, P
     id.bytes[0] = 5;
     id.text = kvx_text(5);
     zd::HandleObjectRef made = factory.createHandleObjectRef(std::move(id), object_id);
-    made->set_value(objects({ 1, 1 }, class_name, { properties }), 3);
+    made->set_value(objects({1, 1}, class_name, {properties}), 3);
     return made;
 }
 
@@ -183,8 +159,7 @@ zd::Array handles(Dims dims, std::vector<zd::HandleObjectRef> const& elements)
 
 zd::HandleObjectRef handle_at(zd::Array const& array, unsigned long index)
 {
-    zd::TypedArray<zd::HandleObjectRef> const view(array);
-    return view[index];
+    return zd::TypedArray<zd::HandleObjectRef>(array)[index];
 }
 
 } // namespace zq::test::objects

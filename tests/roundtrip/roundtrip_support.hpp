@@ -1,12 +1,12 @@
-// What the round-trip tests share: the settings of the writers, the two ways back from an array, and
-// floating elements as bits.
+// What the round-trip tests share: the settings of the writers, and the two ways back from an array.
 #pragma once
 
 #include "writer_test_support.hpp"
 
-#include <cstdint>
+#include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
+#include <reading_paths.hpp>
+
 #include <string>
-#include <vector>
 
 namespace zq::test::roundtrip {
 
@@ -25,26 +25,40 @@ inline constexpr Setting settings[] = {
     {ToJsonMode::Small, NanType::Object},
 };
 
-std::string describe(Setting setting);
+inline std::string describe(Setting setting)
+{
+    return std::string(setting.mode == ToJsonMode::Large ? "Large" : "Small") + ", NanType "
+        + (setting.nan == NanType::String ? "String" : "Object");
+}
+
+// The text of array as the writers make it under the setting, every object class allowed.
+inline std::string text_of(zd::Array const& array, Setting setting)
+{
+    EXPECT_TRUE(same_on_both_roads(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll));
+    return zd::json::zorbaldata_to_string(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll);
+}
 
 // How a written array is read back: from its compact text, or from the value tree itself.
 enum class Path { Text, Tree };
 
-// The text of array as the writers make it under the setting, every object class allowed.
-std::string text_of(zd::Array const& array, Setting setting);
-
-zd::Array from_text(std::string const& text);
-
 // The array read back from what the writers make of array under the setting, by the path.
-zd::Array written_and_read(zd::Array const& array, Setting setting, Path path);
+inline zd::Array written_and_read(zd::Array const& array, Setting setting, Path path)
+{
+    if (path == Path::Text)
+        return read_both_ways(text_of(array, setting));
+    zd::ArrayFactory factory;
+    return zd::json::json_to_zorbaldata(
+        zd::json::zorbaldata_to_json(array, setting.mode, setting.nan, zd::ObjectFilter::AllowAll), factory);
+}
 
-// The bits of every floating part of array in storage order (real part before imaginary part; sparse
-// values in their stored order; cell elements and, by ascending field name, struct fields included),
-// floats widened bit for bit. Equality of arrays cannot tell -0.0 from 0.0 or one NaN from another.
-std::vector<std::uint64_t> floating_bits(zd::Array const& array);
-
-// The same, with every NaN as the readers make it: the writers spell all NaNs alike, so sign and
-// payload come back as the readers' own.
-std::vector<std::uint64_t> floating_bits_as_read(zd::Array const& array);
+// Fails unless back has the type, the dimensions and the elements of expected, and the same text under
+// the setting: equality of arrays cannot tell -0.0 from 0.0.
+inline void expect_same(zd::Array const& back, zd::Array const& expected, Setting setting)
+{
+    EXPECT_EQ(back.getType(), expected.getType());
+    EXPECT_EQ(back.getDimensions(), expected.getDimensions());
+    EXPECT_TRUE(back == expected);
+    EXPECT_EQ(text_of(back, setting), text_of(expected, setting));
+}
 
 } // namespace zq::test::roundtrip
