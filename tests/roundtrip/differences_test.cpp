@@ -61,72 +61,62 @@ std::string const sparseTree = "Incompatible data for sparse. " + doubleElement;
 
 // An array written under a setting and read back by a path: what comes back, or the text of what the
 // reader throws (InvalidZQDataForSparse for sparseTree, else InvalidFloatingElem).
-struct Difference {
-    zd::Array (*make)();
-    Setting setting;
-    Path path;
-    zd::Array (*expected)();
-    std::string const* refusal = nullptr;
-};
-
-Difference const differences[] = {
-    // Dense complex data with non-finite parts come back only as special-float objects.
-    {complexNonFinite, {Large, Object}, Text, complexNonFinite},
-    {complexSingleNonFinite, {Large, Object}, Text, complexSingleNonFinite},
-    {complexNonFiniteInCell, {Small, Object}, Text, complexNonFiniteInCell},
-    // In a tree only the non-finite single elements, which are no floats there, can be read.
-    {singleNonFinite, {Large, String}, Tree, singleNonFinite},
-    {singleNonFinite, {Small, Object}, Tree, singleNonFinite},
-    // An enumeration is told by a first element that is a string.
-    {[] { return noColors({0, 0}); }, {Large, String}, Text, [] { return noColorObjects({0, 0}); }},
-    {[] { return noColors({1, 0}); }, {Small, Object}, Tree, [] { return noColorObjects({1, 0}); }},
-    // {} is the 0-by-0 struct without fields only in the writer's eyes.
-    {emptyStruct, {Large, String}, Text, emptyStruct},
-    {emptyStruct, {Small, String}, Text, structWithoutFields},
-    // A plain object whose only key zqdata holds a special-float word is that special float.
-    {nanText, {Large, String}, Text, nanText},
-    {nanText, {Small, String}, Text, [] { return scalar(nan); }},
-    {[] { return structOfText(u"Inf"); }, {Small, Object}, Text, [] { return scalar(inf); }},
-    {[] { return structOfText(u"-Inf"); }, {Small, String}, Tree, [] { return scalar(-inf); }},
-    // A plain object with the three header keys is a large form.
-    {headerFields, {Large, String}, Text, headerFields},
-    {headerFields, {Small, String}, Text, fiveAndSix},
-    {[] { return cell({1, 1}, {headerFields()}); }, {Small, String}, Tree,
-        [] { return cell({1, 1}, {fiveAndSix()}); }},
-    // Dense complex data take no plain "NaN", "Inf" or "-Inf", which NanType String writes there; finite
-    // single elements are floats in the tree and sparse row and column numbers unsigned integers, which
-    // the readers do not take.
-    {complexNonFinite, {Large, String}, Text, nullptr, &doubleElement},
-    {complexSingleNonFinite, {Large, String}, Text, nullptr, &singleElement},
-    {complexNonFiniteInCell, {Small, String}, Text, nullptr, &doubleElement},
-    // Found by the round-trip fuzz target: the special-float object read, written back as a plain word.
-    {[] {
-         return zq::test::read_both_ways(
-             R"({"zqcomplex":true,"zqdata":[1,2,{"zqdata":"NaN"},-4],"zqsize":[1,2],"zqtype":"single"})");
-     },
-        {Large, String}, Text, nullptr, &singleElement},
-    {singles, {Large, String}, Tree, nullptr, &singleElement},
-    {[] { return numbers<ComplexSingle>({1, 1}, {{1, 2}}); }, {Large, Object}, Tree, nullptr, &singleElement},
-    {[] { return cell({1, 1}, {singles()}); }, {Small, String}, Tree, nullptr, &singleElement},
-    {[] { return sparse<double>({3, 2}, {{0, 1, 7.0}, {2, 1, nan}}); }, {Large, String}, Tree, {},
-        &sparseTree},
-    {[] { return sparse<bool>({3, 2}, {{0, 0, true}, {2, 1, true}}); }, {Large, Object}, Tree, {},
-        &sparseTree},
-};
-
 TEST(RoundTrip, WhatTheReaderMakesOfTheWrittenForm)
 {
-    for (Difference const& row : differences) {
-        zd::Array const array = row.make();
+    struct {
+        zd::Array array;
+        Setting setting;
+        Path path;
+        zd::Array expected;
+        std::string const* refusal = nullptr;
+    } const differences[] = {
+        // Dense complex data with non-finite parts come back only as special-float objects.
+        {complexNonFinite(), {Large, Object}, Text, complexNonFinite()},
+        {complexSingleNonFinite(), {Large, Object}, Text, complexSingleNonFinite()},
+        {complexNonFiniteInCell(), {Small, Object}, Text, complexNonFiniteInCell()},
+        // In a tree only the non-finite single elements, which are no floats there, can be read.
+        {singleNonFinite(), {Large, String}, Tree, singleNonFinite()},
+        {singleNonFinite(), {Small, Object}, Tree, singleNonFinite()},
+        // An enumeration is told by a first element that is a string.
+        {noColors({0, 0}), {Large, String}, Text, noColorObjects({0, 0})},
+        {noColors({1, 0}), {Small, Object}, Tree, noColorObjects({1, 0})},
+        // {} is the 0-by-0 struct without fields only in the writer's eyes.
+        {emptyStruct(), {Large, String}, Text, emptyStruct()},
+        {emptyStruct(), {Small, String}, Text, structWithoutFields()},
+        // A plain object whose only key zqdata holds a special-float word is that special float.
+        {nanText(), {Large, String}, Text, nanText()}, {nanText(), {Small, String}, Text, scalar(nan)},
+        {structOfText(u"Inf"), {Small, Object}, Text, scalar(inf)},
+        {structOfText(u"-Inf"), {Small, String}, Tree, scalar(-inf)},
+        // A plain object with the three header keys is a large form.
+        {headerFields(), {Large, String}, Text, headerFields()},
+        {headerFields(), {Small, String}, Text, fiveAndSix()},
+        {cell({1, 1}, {headerFields()}), {Small, String}, Tree, cell({1, 1}, {fiveAndSix()})},
+        // Dense complex data take no plain "NaN", "Inf" or "-Inf", which NanType String writes there; finite
+        // single elements are floats in the tree and sparse row and column numbers unsigned integers, which
+        // the readers do not take.
+        {complexNonFinite(), {Large, String}, Text, {}, &doubleElement},
+        {complexSingleNonFinite(), {Large, String}, Text, {}, &singleElement},
+        {complexNonFiniteInCell(), {Small, String}, Text, {}, &doubleElement},
+        // Found by the round-trip fuzz target: the special-float object read, written back as a plain word.
+        {zq::test::read_both_ways(
+             R"({"zqcomplex":true,"zqdata":[1,2,{"zqdata":"NaN"},-4],"zqsize":[1,2],"zqtype":"single"})"),
+            {Large, String}, Text, {}, &singleElement},
+        {singles(), {Large, String}, Tree, {}, &singleElement},
+        {numbers<ComplexSingle>({1, 1}, {{1, 2}}), {Large, Object}, Tree, {}, &singleElement},
+        {cell({1, 1}, {singles()}), {Small, String}, Tree, {}, &singleElement},
+        {sparse<double>({3, 2}, {{0, 1, 7.0}, {2, 1, nan}}), {Large, String}, Tree, {}, &sparseTree},
+        {sparse<bool>({3, 2}, {{0, 0, true}, {2, 1, true}}), {Large, Object}, Tree, {}, &sparseTree},
+    };
+    for (auto const& row : differences) {
         SCOPED_TRACE(describe(row.setting) + (row.path == Tree ? ", tree: " : ": ")
-            + text_of(array, row.setting));
-        auto const back = [&] { return written_and_read(array, row.setting, row.path); };
+            + text_of(row.array, row.setting));
+        auto const back = [&] { return written_and_read(row.array, row.setting, row.path); };
         if (row.refusal == &sparseTree)
             EXPECT_THROW_WHAT(back(), InvalidZQDataForSparse, sparseTree);
         else if (row.refusal)
             EXPECT_THROW_WHAT(back(), InvalidFloatingElem, *row.refusal);
         else
-            expect_same(back(), row.expected(), row.setting);
+            expect_same(back(), row.expected, row.setting);
     }
 }
 
