@@ -61,7 +61,7 @@ std::string holding_handle(std::string const& handle)
 }
 
 std::string const double_x = R"({"zqtype":"double","zqsize":[1,1],"zqdata":["x"]})";
-std::string const mixed_one = "zorbal.mixin.Heterogeneous() mixed 1x1 [";
+std::string const het = mixed_class + "() mixed ";
 std::string const two_hs = "[#7 pkg.H(p){p=1}], handles 1x1 [#7 pkg.H(p){p=1}]]";
 
 // A single object's class declares nothing: its properties are added to the one element, each holding
@@ -75,8 +75,7 @@ TEST(ObjectReader, Reads)
         std::string contents;
     } const reads[] = {
         {form(cls, "[2,2]", R"({"q":{"zqtype":"double","zqsize":[1,4],"zqdata":[5,6,7,8]},)"
-                            R"("p":[[1,2],[3,4]]})",
-             R"(,"zqmetadata":{"r":"abc","n":[1,2,3]})"),
+                            R"("p":[[1,2],[3,4]]})", R"(,"zqmetadata":{"r":"abc","n":[1,2,3]})"),
             "pkg.Cls() 1x1 ext 2x2 [{p=2x2(1 3 2 4);q=1x4(5 6 7 8)}] meta{n=3x1(1 2 3);r='abc'}"},
         {form(cls, "[3,1]", "{}"), "pkg.Cls() 1x1 ext 3x1 [{}]"},
         {form(cls, "[1,1]", R"({"p":7})"), "pkg.Cls() 1x1 ext 1x1 [{p=7}]"},
@@ -84,8 +83,7 @@ TEST(ObjectReader, Reads)
         // A wrong form, a null and a property with a size fault of its own all vanish without a word.
         {form(cls, "[1,1]",
              R"({"a":)" + double_x + R"(,"b":null,"c":{"zqtype":"double","zqsize":[1,2],"zqdata":[1]},)"
-                 + R"("d":1})",
-             R"(,"zqmetadata":{"m":null,"r":2})"),
+                 + R"("d":1})", R"(,"zqmetadata":{"m":null,"r":2})"),
             "pkg.Cls() 1x1 ext 1x1 [{d=1}] meta{r=2}"},
         {form(cls, "[1,2]", R"([{"q":2,"p":1},{"p":3,"q":"x"}])"),
             "pkg.Cls(p,q) 1x2 [{p=1;q=2}, {p=3;q='x'}]"},
@@ -98,22 +96,20 @@ TEST(ObjectReader, Reads)
         // A name that looks qualified (".p") and the name it would qualify ("p") each keep their own value.
         {form(cls, "[1,1]", R"([{".p":1,"p":2}])"), "pkg.Cls(.p,p) 1x1 [{.p=1;p=2}]"},
         {form(mixed_class, "[1,1]", R"([{".p":1,"p":2,"pkg.A.q":3,"q":4,"zqtype":"pkg.A"}])"),
-            mixed_one + "pkg.A(.p,p,pkg.A.q,q){.p=1;p=2;pkg.A.q=3;q=4}]"},
-        {form(cls, "[0,0]", "[]"), "pkg.Cls() 0x0 []"},
-        {form(cls, "[0,3]", "[]"), "pkg.Cls() 0x3 []"},
+            het + "1x1 [pkg.A(.p,p,pkg.A.q,q){.p=1;p=2;pkg.A.q=3;q=4}]"},
+        {form(cls, "[0,0]", "[]"), "pkg.Cls() 0x0 []"}, {form(cls, "[0,3]", "[]"), "pkg.Cls() 0x3 []"},
         {form("pkg.Out", "[1,1]", R"([{"in":{"zqtype":"pkg.In","zqsize":[1,1],"zqdata":[{"v":5}]}}])"),
             "pkg.Out(in) 1x1 [{in=pkg.In(v) 1x1 [{v=5}]}]"},
         {form(mixed_class, "[1,2]", R"([{"zqtype":"pkg.A","p":1},{"r":2,"zqtype":"pkg.B","q":"x"}])"),
-            "zorbal.mixin.Heterogeneous() mixed 1x2 [pkg.A(p){p=1}, pkg.B(q,r){q='x';r=2}]"},
+            het + "1x2 [pkg.A(p){p=1}, pkg.B(q,r){q='x';r=2}]"},
         {form(mixed_class, "[2,1]", R"([{"p":1,"zqtype":"pkg.A"},{"p":2,"zqtype":"pkg.A"}])"),
-            "zorbal.mixin.Heterogeneous() mixed 2x1 [pkg.A(p){p=1}, pkg.A(p){p=2}]"},
+            het + "2x1 [pkg.A(p){p=1}, pkg.A(p){p=2}]"},
         // zqclass is no declared property, yet its value is stored in the object.
         {form(mixed_class, "[1,1]", R"([{"zqclass":"k","p":1,"zqtype":"pkg.A"}])"),
-            mixed_one + "pkg.A(p){p=1;zqclass='k'}]"},
+            het + "1x1 [pkg.A(p){p=1;zqclass='k'}]"},
         // No element is filled, and none is counted.
-        {form(mixed_class, "[2,1]", "[]"),
-            mixed_class + "() mixed 2x1 [" + mixed_class + "(){}, " + mixed_class + "(){}]"},
-        {form(mixed_class, "[0,0]", "[]"), "zorbal.mixin.Heterogeneous() mixed 0x0 []"},
+        {form(mixed_class, "[2,1]", "[]"), het + "2x1 [" + mixed_class + "(){}, " + mixed_class + "(){}]"},
+        {form(mixed_class, "[0,0]", "[]"), het + "0x0 []"},
         {handle_list("[1,2]", R"([{"p":1},{"p":2}])", ids("5", {"17", "18"})),
             "handles 1x2 [#17 pkg.H(p){p=1}, #18 pkg.H(p){p=2}]"},
         {handle_list("[2,1]", R"([{"p":1},{"p":2}])", ids("5", {"7", "7"})),
@@ -124,8 +120,7 @@ TEST(ObjectReader, Reads)
         {one_of(R"({"zqkvxID":"5","zqobjectID":["1"],"x":null})"), "handles 1x1 [#1 pkg.H(p){p=1}]"},
         {handle_list("[0,3]", "[]", ids("5", {})), "handles 0x3 []"},
         {handle_list("[1,2]", R"([{"p":1,"zqtype":"pkg.A"},{"q":2,"zqtype":"pkg.B"}])", ids("5", {"1", "2"}),
-             mixed_class),
-            "handles 1x2 [#1 pkg.A(p){p=1}, #2 pkg.B(q){q=2}]"},
+             mixed_class), "handles 1x2 [#1 pkg.A(p){p=1}, #2 pkg.B(q){q=2}]"},
         {handle_list("[0,0]", "[]", ids("5", {}), mixed_class), "handles 0x0 []"},
         {handle_list("[1,1]", R"({"p":1})", "5"), "pkg.H() 1x1 ext 1x1 [{p=1}]"},
         {cell_of(one_handle("7", "1"), one_handle("7", "2")), "cell 1x2 [handles 1x1 " + two_hs},
@@ -228,8 +223,7 @@ TEST(ObjectReader, Fails)
         {form(cls, "[1,1]", R"({"p":[1,2]})"), size_mismatch},
         {form(cls, "[1,1]", R"({"p":1})", R"(,"zqmetadata":{"p":2})"),
             fails<zj::PropertyExistsException>("Duplicate property names specified.")},
-        {form(cls, "[2,1]", "[]"), size_mismatch},
-        {form(cls, "[1,2]", one_element), size_mismatch},
+        {form(cls, "[2,1]", "[]"), size_mismatch}, {form(cls, "[1,2]", one_element), size_mismatch},
         {form(cls, "[1,1]", R"([{"p":1},{"p":2}])"), size_mismatch},
         {form(cls, "[1,2]", R"([{"p":1},2])"), bad_element},
         {form(cls, "[1,1]", R"([{"p":)" + struct_of_number + "}]"), bad_element},
@@ -243,18 +237,14 @@ TEST(ObjectReader, Fails)
             cast("number to JSON array")},
         {form(mixed_class, "[1,1]", R"({"p":1})"), not_a_list},
         {form(mixed_class, "[1,2]", R"([{"zqtype":"pkg.A"}])"), size_mismatch},
-        {one_of("5"), handle_not_object},
-        {one_of(R"(["5"])"), handle_not_object},
+        {one_of("5"), handle_not_object}, {one_of(R"(["5"])"), handle_not_object},
         {handle_list("[1,1]", "[2]", "5"), handle_not_object},
         {one_of(R"({"zqobjectID":["1"]})"), kvx_not_text},
-        {one_of(R"({"zqkvxID":5,"zqobjectID":["1"]})"), kvx_not_text},
-        {one_of("{}"), kvx_not_text},
+        {one_of(R"({"zqkvxID":5,"zqobjectID":["1"]})"), kvx_not_text}, {one_of("{}"), kvx_not_text},
         {one_of(R"({"zqkvxID":"5"})"), ids_not_list},
         {one_of(R"({"zqkvxID":"5","zqobjectID":"1"})"), ids_not_list},
-        {one_of(ids("5", {"1", "2"})), length_mismatch},
-        {one_of(ids("5", {})), length_mismatch},
-        {one_of(ids("", {})), length_mismatch},
-        {one_of(ids("", {"1"})), no_kvx},
+        {one_of(ids("5", {"1", "2"})), length_mismatch}, {one_of(ids("5", {})), length_mismatch},
+        {one_of(ids("", {})), length_mismatch}, {one_of(ids("", {"1"})), no_kvx},
         {handle_list("[0,0]", "[]", ids("", {})), no_kvx},
         {handle_list("[1,1]", "[2]", ids("", {"1"})), no_kvx},
         {one_of(ids("abc", {"1"})), fails<std::invalid_argument>("stoul")},
@@ -334,8 +324,7 @@ TEST(ObjectReader, WritesLogLinesInOrder)
         {form(cls, "[1,1]", one_element), {parsing + cls, list_not_object}},
         {form(cls, "[1,1]", R"({"p":1})", R"(,"zqmetadata":[1])"),
             {parsing + cls, list_not_object, cast_error + "object to JSON array"}},
-        {form(cls, "[1,1]", "[2]"),
-            {parsing + cls, list_not_object,
+        {form(cls, "[1,1]", "[2]"), {parsing + cls, list_not_object,
                 caught + R"~(to JSON object" while handling property "(property not initialized)")~"}},
         {form(cls, "[1,1]", R"([{"p":)" + struct_of_number + "}]"),
             {parsing + cls, list_not_object, caught + R"(to JSON array" while handling property "p")"}},

@@ -22,16 +22,14 @@ std::string written(zd::Array const& array, ToJsonMode mode)
 TEST(ObjectRoundTrip, TextComesBackUnchanged)
 {
     std::string const mixed = "zorbal.mixin.Heterogeneous";
-    std::string const one = R"({"zqdata":[1],"zqsize":[1,1],"zqtype":"double"})";
-    std::string const two = R"({"zqdata":[2],"zqsize":[1,1],"zqtype":"double"})";
+    auto const dbl = [](char const* v) { return large("double", "[1,1]", std::string("[") + v + "]"); };
     struct {
         std::string text;
         ToJsonMode mode;
     } const texts[] = {
         {large("pkg.Cls", "[1,2]", R"([{"p":1,"q":"ab"},{"p":[[1,2]],"q":"cd"}])"), Small},
-        {large("pkg.Cls", "[2,1]", R"([{"p":)" + one + R"(},{"p":)" + two + "}]"), Large},
+        {large("pkg.Cls", "[2,1]", R"([{"p":)" + dbl("1") + R"(},{"p":)" + dbl("2") + "}]"), Large},
         {large("pkg.Cls", "[0,3]", "[]"), Small},
-        {large("pkg.Out", "[1,1]", R"([{"in":)" + large("pkg.In", "[1,1]", R"([{"v":5}])") + "}]"), Small},
         {large(mixed, "[2,1]", R"([{"p":1,"zqtype":"pkg.A"},{"q":[[1,2]],"zqtype":"pkg.B"}])"), Small},
         {large(mixed, "[1,1]", R"([{"p":)" + large("char", "[1,1]", R"(["x"])") + R"(,"zqtype":"pkg.A"}])"),
             Large},

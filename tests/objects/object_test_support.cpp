@@ -3,6 +3,7 @@
 
 #include "reading_paths.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zq::test::objects {
@@ -158,9 +159,8 @@ zd::HandleObjectRef handle(long long object_id, std::string const& class_name, P
 
 zd::Array handles(Dims dims, std::vector<zd::HandleObjectRef> const& elements)
 {
-    zd::TypedArray<zd::HandleObjectRef> array = factory.createArray<zd::HandleObjectRef>(std::move(dims));
-    for (unsigned long i = 0; i < elements.size(); ++i)
-        array[i] = elements[i];
+    zd::Array array = factory.createArray<zd::HandleObjectRef>(std::move(dims));
+    std::copy(elements.begin(), elements.end(), zd::getWritableElements<zd::HandleObjectRef>(array).begin());
     return array;
 }
 

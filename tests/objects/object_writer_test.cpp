@@ -19,6 +19,7 @@ using zq::test::writer::cell;
 using zq::test::writer::charRow;
 using zq::test::writer::doubles;
 using zq::test::writer::large;
+using zq::test::writer::nested_cells;
 using zq::test::writer::numbers;
 using zq::test::writer::scalar;
 using zq::test::writer::write;
@@ -32,14 +33,6 @@ zd::Array const two = scalar(2);
 zd::Array list(Dims dims, std::vector<Properties> const& e) { return objects(dims, "pkg.Cls", e); }
 
 zd::Array pair_of_objects() { return list({1, 2}, {{{"p", one}}, {{"p", two}}}); }
-zd::Array pair_of_classes()
-{
-    return mixed({1, 2}, {object("pkg.A", {{"p", one}}), object("pkg.B", {{"q", charRow(u"x")}})});
-}
-zd::Array standing_for_four()
-{
-    return standing_for({2, 2}, "pkg.Cls", {{"p", doubles({2, 2}, {1, 2, 3, 4})}}, {{"r", charRow(u"abc")}});
-}
 zd::Array one_handle() { return handles({1, 1}, {handle(17, "pkg.H", {{"p", one}})}); }
 // A property that no writer can write: arrays of one dimension are refused.
 zd::Array unwritable() { return doubles({3}, {1, 2, 3}); }
@@ -53,27 +46,10 @@ zd::Array standing_for_holding(zd::Array const& value, zd::Array const& array_va
     return standing_for({2, 2}, "pkg.Cls", {{"p", value}}, {{"r", array_value}});
 }
 zd::Array handle_holding(zd::Array const& v) { return handles({1, 1}, {handle(1, "pkg.H", {{"p", v}})}); }
-// A scalar inside cells as deep as the writers go, so that an object around it is one level too many.
-zd::Array deepest_cells()
-{
-    zd::Array nested = scalar(1);
-    for (int level = 1; level < 1000; ++level)
-        nested = cell({1, 1}, {nested});
-    return nested;
-}
 
-// The value object array of objects after change.
-template <typename Change>
-zd::Array changed(zd::Array const& objects, Change change)
-{
-    zd::ValueObjectArray array(objects);
-    change(array);
-    return array;
-}
 
-auto const all = zd::ObjectFilter::AllowAll;
-auto const listed = zd::ObjectFilter::AllowListed;
-auto const none = zd::ObjectFilter::DenyAll;
+using enum zd::ObjectFilter;
+auto const all = AllowAll, listed = AllowListed, none = DenyAll;
 
 std::string const by_reference = "Serializing handle object as reference is not supported for JSON.";
 std::string const too_few = "failed Must have at least two dimensions";
@@ -100,107 +76,99 @@ std::string const a1_bx = mix("[1,2]", R"([{"p":1,"zqtype":"pkg.A"},{"q":"x","zq
 // filter. A class refused inside a property follows the rules of a failing property.
 TEST(ObjectWriter, Writes)
 {
-    static struct {
-        zd::Array (*make)();
+    zd::HandleObjectRef const same = handle(7, "pkg.H", {{"p", one}});
+    zd::Array const pair_of_classes
+        = mixed({1, 2}, {object("pkg.A", {{"p", one}}), object("pkg.B", {{"q", charRow(u"x")}})});
+    zd::Array const standing_for_four
+        = standing_for({2, 2}, "pkg.Cls", {{"p", doubles({2, 2}, {1, 2, 3, 4})}}, {{"r", charRow(u"abc")}});
+    // Lists with array properties, with an element of another class, and with external dimensions.
+    zd::ValueObjectArray with_array_property = one_of("pkg.Cls");
+    zd::ValueObjectArray made_mixed = objects({1, 2}, "pkg.A", {{{"p", one}}, {{"p", one}}});
+    with_array_property.addArrayProperty(zd::ZorbalPropertyIdentifier("r"), one, true);
+    made_mixed[1] = object("pkg.B", {{"q", one}});
+    zd::ValueObjectArray mixed_for_four = mixed_holding(one), pair_for_four = pair_of_objects();
+    mixed_for_four.setExternalDimensions({2, 2});
+    pair_for_four.setExternalDimensions({2, 2});
+    struct {
+        zd::Array array;
         std::string outcome;
         zq::test::writer::ToJsonMode mode = Small;
         zd::ObjectFilter filter = all;
         std::vector<std::string> allowed = {};
     } const cases[] = {
-        {pair_of_objects, cls("[1,2]", R"([{"p":)" + dbl("1") + R"(},{"p":)" + dbl("2") + "}]"), Large},
-        {pair_of_objects, cls("[1,2]", R"([{"p":1},{"p":2}])")},
+        {pair_of_objects(), cls("[1,2]", R"([{"p":)" + dbl("1") + R"(},{"p":)" + dbl("2") + "}]"), Large},
+        {pair_of_objects(), cls("[1,2]", R"([{"p":1},{"p":2}])")},
         // Properties by name, each with its own form.
-        {[] { return list({1, 1}, {{{"q", charRow(u"ab")}, {"p", numbers<std::int8_t>({1, 1}, {5})}}}); },
+        {list({1, 1}, {{{"q", charRow(u"ab")}, {"p", numbers<std::int8_t>({1, 1}, {5})}}}),
             cls("[1,1]", R"([{"p":{"zqdata":[5i],"zqsize":[1,1],"zqtype":"int8"},"q":"ab"}])")},
-        {[] { return list({0, 0}, {}); }, cls("[0,0]", "[]"), Large},
+        {list({0, 0}, {}), cls("[0,0]", "[]"), Large},
         // A list ignores array properties.
-        {[] {
-             return changed(one_of("pkg.Cls"),
-                 [](auto& a) { a.addArrayProperty(zd::ZorbalPropertyIdentifier("r"), one, true); });
-         },
-            p1},
-        {[] { return zd::Array(objects({1, 1}, "pkg.Out", {{{"in", one_of("pkg.In")}}})); },
+        {with_array_property, p1},
+        {objects({1, 1}, "pkg.Out", {{{"in", one_of("pkg.In")}}}),
             large("pkg.Out", "[1,1]", R"([{"in":)" + large("pkg.In", "[1,1]", R"([{"p":1}])") + "}]")},
         {pair_of_classes,
             mix("[1,2]", R"([{"p":)" + dbl("1") + R"(,"zqtype":"pkg.A"},{"q":)" + chr("x", "[1,1]")
-                    + R"(,"zqtype":"pkg.B"}])"),
-            Large},
+                    + R"(,"zqtype":"pkg.B"}])"), Large},
         {pair_of_classes, a1_bx},
-        {[] { return zd::Array(mixed({1, 1}, {object("pkg.A", {{"zqtype", charRow(u"fake")}})})); },
+        {mixed({1, 1}, {object("pkg.A", {{"zqtype", charRow(u"fake")}})}),
             mix("[1,1]", R"([{"zqtype":"fake"}])")},
         // An element of another class makes a list mixed.
-        {[] {
-             return changed(objects({1, 2}, "pkg.A", {{{"p", one}}, {{"p", one}}}),
-                 [](auto& a) { a[1] = object("pkg.B", {{"q", one}}); });
-         },
-            mix("[1,2]", R"([{"p":1,"zqtype":"pkg.A"},{"q":1,"zqtype":"pkg.B"}])")},
+        {made_mixed, mix("[1,2]", R"([{"p":1,"zqtype":"pkg.A"},{"q":1,"zqtype":"pkg.B"}])")},
         {standing_for_four,
             R"({"zqdata":{"p":{"zqdata":[1,2,3,4],"zqsize":[2,2],"zqtype":"double"}},"zqmetadata":{"r":)"
-                + chr("abc", "[1,3]") + R"(},"zqsize":[2,2],"zqtype":"pkg.Cls"})",
-            Large},
+                + chr("abc", "[1,3]") + R"(},"zqsize":[2,2],"zqtype":"pkg.Cls"})", Large},
         {standing_for_four,
             R"({"zqdata":{"p":[[1,3],[2,4]]},"zqmetadata":{"r":"abc"},"zqsize":[2,2],"zqtype":"pkg.Cls"})"},
         // No property is counted against the external dimensions.
-        {[] { return zd::Array(standing_for({3, 2}, "pkg.Cls", {{"p", one}}, {})); },
-            cls("[3,2]", R"({"p":1})")},
-        {[] { return zd::Array(standing_for({1, 1}, "pkg.Cls", {}, {})); }, cls("[1,1]", "{}")},
-        {[] { return changed(mixed_holding(one), [](auto& a) { a.setExternalDimensions({2, 2}); }); },
-            mix("[2,2]", R"({"p":1})")},
+        {standing_for({3, 2}, "pkg.Cls", {{"p", one}}, {}), cls("[3,2]", R"({"p":1})")},
+        {standing_for({1, 1}, "pkg.Cls", {}, {}), cls("[1,1]", "{}")},
+        {mixed_for_four, mix("[2,2]", R"({"p":1})")},
         // The external dimensions of two elements are ignored.
-        {[] { return changed(pair_of_objects(), [](auto& a) { a.setExternalDimensions({2, 2}); }); },
-            cls("[1,2]", R"([{"p":1},{"p":2}])")},
-        {one_handle, large("pkg.H", "[1,1]", R"([{"p":)" + dbl("1") + "}]"), Large},
-        {one_handle, h1},
+        {pair_for_four, cls("[1,2]", R"([{"p":1},{"p":2}])")},
+        {one_handle(), large("pkg.H", "[1,1]", R"([{"p":)" + dbl("1") + "}]"), Large}, {one_handle(), h1},
         // Handles are named by the first.
-        {[] { return handles({1, 2}, {handle(1, "pkg.A", {{"p", one}}), handle(2, "pkg.B", {{"q", two}})}); },
+        {handles({1, 2}, {handle(1, "pkg.A", {{"p", one}}), handle(2, "pkg.B", {{"q", two}})}),
             large("pkg.A", "[1,2]", R"([{"p":1},{"q":2}])")},
-        {[] { auto const same = handle(7, "pkg.H", {{"p", one}}); return handles({2, 1}, {same, same}); },
-            large("pkg.H", "[2,1]", R"([{"p":1},{"p":1}])")},
-        {no_handles, large("", "[0,0]", "[]"), Large},
-        {[] { return handles({0, 3}, {}); }, large("", "[0,3]", "[]")},
+        {handles({2, 1}, {same, same}), large("pkg.H", "[2,1]", R"([{"p":1},{"p":1}])")},
+        {no_handles(), large("", "[0,0]", "[]"), Large}, {handles({0, 3}, {}), large("", "[0,3]", "[]")},
         // A list leaves out the properties it cannot write.
-        {[] { return list({1, 2}, {{{"p", unwritable()}, {"q", one}}, {{"p", two}, {"q", null_handle()}}}); },
+        {list({1, 2}, {{{"p", unwritable()}, {"q", one}}, {{"p", two}, {"q", null_handle()}}}),
             cls("[1,2]", R"([{"q":1},{"p":2}])")},
-        // Neither leaving a property out nor replacing its failure may cut a deep array short.
-        {[] { return list({1, 1}, {{{"p", deepest_cells()}}}); }, too_deep},
-        {[] { return standing_for_holding(deepest_cells(), one); }, too_deep},
-        {[] { return mixed_holding(unwritable()); }, too_few},
-        {[] { return mixed_holding(null_handle()); }, "by reference "},
-        {[] { return handle_holding(unwritable()); }, too_few},
-        {[] { return standing_for_holding(null_handle(), one); }, no_property},
-        {[] { return standing_for_holding(one, unwritable()); },
-            "failed Value not specified for the array property"},
-        {[] { return list({2}, {{}, {}}); }, too_few},
-        {[] { return zd::Array(standing_for({4}, "pkg.Cls", {}, {})); }, too_few},
-        {[] { return handles({1}, {handle(1, "pkg.H", {})}); }, too_few},
-        {[] { return list({2}, {{}, {}}); }, "refused pkg.Cls", Small, none},
-        {[] { return handles({1}, {handle(1, "pkg.Cls", {})}); }, "refused pkg.Cls", Small, none},
-        {null_handle, "by reference "},
-        {[] { return handles({1, 1}, {zq::test::writer::factory.createHandleObjectRef(zd::KVXID(), 1)}); },
-            "by reference "},
-        {null_handle, "by reference ", Small, none},
+        // Neither leaving a property out nor replacing its failure may cut a deep array short: the cells
+        // go as deep as the writers do, so an object around them is one level too many.
+        {list({1, 1}, {{{"p", nested_cells(1000)}}}), too_deep},
+        {standing_for_holding(nested_cells(1000), one), too_deep}, {mixed_holding(unwritable()), too_few},
+        {mixed_holding(null_handle()), "by reference "}, {handle_holding(unwritable()), too_few},
+        {standing_for_holding(null_handle(), one), no_property},
+        {standing_for_holding(one, unwritable()), "failed Value not specified for the array property"},
+        {list({2}, {{}, {}}), too_few}, {standing_for({4}, "pkg.Cls", {}, {}), too_few},
+        {handles({1}, {handle(1, "pkg.H", {})}), too_few},
+        {list({2}, {{}, {}}), "refused pkg.Cls", Small, none},
+        {handles({1}, {handle(1, "pkg.Cls", {})}), "refused pkg.Cls", Small, none},
+        {null_handle(), "by reference "},
+        {handles({1, 1}, {zq::test::writer::factory.createHandleObjectRef(zd::KVXID(), 1)}), "by reference "},
+        {null_handle(), "by reference ", Small, none},
         // Only the first handle is asked whether it may be written by value.
-        {[] { return handles({1, 2}, {handle(1, "pkg.H", {})}); }, "threw The null handle has no value."},
-        {[] { return one_of("pkg.Cls"); }, p1, Small, listed, {"pkg.Cls"}},
-        {[] { return one_of("pkg.Cls"); }, "refused pkg.Cls", Small, listed, {"pkg.Other"}},
-        {[] { return one_of("pkg.Cls"); }, "refused pkg.Cls", Small, listed},
-        {[] { return one_of("pkg.Cls"); }, "refused pkg.Cls", Small, none, {"pkg.Cls"}},
+        {handles({1, 2}, {handle(1, "pkg.H", {})}), "threw The null handle has no value."},
+        {one_of("pkg.Cls"), p1, Small, listed, {"pkg.Cls"}},
+        {one_of("pkg.Cls"), "refused pkg.Cls", Small, listed, {"pkg.Other"}},
+        {one_of("pkg.Cls"), "refused pkg.Cls", Small, listed},
+        {one_of("pkg.Cls"), "refused pkg.Cls", Small, none, {"pkg.Cls"}},
         {standing_for_four, "refused pkg.Cls", Small, listed},
         // A mixed array is filtered by its own class, not by those of its elements.
         {pair_of_classes, "refused zorbal.mixin.Heterogeneous", Small, listed, {"pkg.A", "pkg.B"}},
         {pair_of_classes, a1_bx, Small, listed, {mixed_class}},
-        {one_handle, h1, Small, listed, {"pkg.H"}},
-        {one_handle, "refused pkg.H", Small, listed},
+        {one_handle(), h1, Small, listed, {"pkg.H"}}, {one_handle(), "refused pkg.H", Small, listed},
         // No handles ask about the empty name.
-        {no_handles, "refused ", Small, listed},
-        {no_handles, large("", "[0,0]", "[]"), Small, listed, {""}},
-        {no_handles, "refused ", Small, none},
-        {[] { return cell({1, 1}, {one_of("pkg.Cls")}); }, "refused pkg.Cls", Small, listed},
-        {[] { return zd::Array(objects({1, 1}, "pkg.Out", {{{"p", one_of("pkg.In")}, {"q", one}}})); },
+        {no_handles(), "refused ", Small, listed},
+        {no_handles(), large("", "[0,0]", "[]"), Small, listed, {""}},
+        {no_handles(), "refused ", Small, none},
+        {cell({1, 1}, {one_of("pkg.Cls")}), "refused pkg.Cls", Small, listed},
+        {objects({1, 1}, "pkg.Out", {{{"p", one_of("pkg.In")}, {"q", one}}}),
             large("pkg.Out", "[1,1]", R"([{"q":1}])"), Small, listed, {"pkg.Out"}},
-        {[] { return mixed_holding(one_of("pkg.In")); }, "refused pkg.In", Small, listed, {mixed_class}},
-        {[] { return standing_for_holding(one_of("pkg.In"), one); }, no_property, Small, listed, {"pkg.Cls"}},
-        {[] { return zq::test::writer::enums({1, 1}, "pkg.Color", {"red"}); },
+        {mixed_holding(one_of("pkg.In")), "refused pkg.In", Small, listed, {mixed_class}},
+        {standing_for_holding(one_of("pkg.In"), one), no_property, Small, listed, {"pkg.Cls"}},
+        {zq::test::writer::enums({1, 1}, "pkg.Color", {"red"}),
             large("pkg.Color", "[1,1]", R"(["red"])"), Small, none},
     };
     for (auto const& c : cases) {
@@ -212,10 +180,10 @@ TEST(ObjectWriter, Writes)
         // Whatever the filter and the indentation, the text written straight is the serialised tree.
         for (zd::ObjectFilter const filter : {all, listed, none})
             for (unsigned const indent : {0u, 3u})
-                EXPECT_TRUE(zq::test::same_on_both_roads(c.make(), Large, Object, filter, indent));
+                EXPECT_TRUE(zq::test::same_on_both_roads(c.array, Large, Object, filter, indent));
         std::string outcome;
         try {
-            outcome = write(c.make(), c.mode, String, c.filter);
+            outcome = write(c.array, c.mode, String, c.filter);
         } catch (zd::ObjectNotSupportedException const& e) {
             std::string const filtered = "Objects of class \"" + e.getClassName() + "\" may not be written: ";
             bool const refused = std::string_view(e.what()).starts_with(filtered);

@@ -37,7 +37,6 @@ zd::Array noColorObjects(Dims dims)
     return factory.createValueObjectArray(std::move(dims), color);
 }
 zd::Array emptyStruct() { return structs({0, 0}, {}); }
-zd::Array structWithoutFields() { return structs({1, 1}, {}); }
 zd::Array structOfText(char16_t const* text) { return structs({1, 1}, {{"zqdata", {charRow(text)}}}); }
 zd::Array nanText() { return structOfText(u"NaN"); }
 // Fields that, written as a plain object, hold a whole large form: a 1-by-2 double holding 5 and 6.
@@ -82,7 +81,7 @@ TEST(RoundTrip, WhatTheReaderMakesOfTheWrittenForm)
         {noColors({1, 0}), {Small, Object}, Tree, noColorObjects({1, 0})},
         // {} is the 0-by-0 struct without fields only in the writer's eyes.
         {emptyStruct(), {Large, String}, Text, emptyStruct()},
-        {emptyStruct(), {Small, String}, Text, structWithoutFields()},
+        {emptyStruct(), {Small, String}, Text, structs({1, 1}, {})},
         // A plain object whose only key zqdata holds a special-float word is that special float.
         {nanText(), {Large, String}, Text, nanText()}, {nanText(), {Small, String}, Text, scalar(nan)},
         {structOfText(u"Inf"), {Small, Object}, Text, scalar(inf)},

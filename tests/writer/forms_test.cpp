@@ -59,15 +59,6 @@ TEST(Writer, EveryTypeReachesItsWriter)
     }
 }
 
-zd::Array abc() { return charRow(u"abc"); }
-zd::Array redAndBlue() { return enums({1, 2}, "pkg.Color", {"red", "blue"}); }
-zd::Array oneAndAbc() { return cell({1, 2}, {scalar(1), abc()}); }
-zd::Array aIsOneBIsAbc() { return structs({1, 1}, {{"a", {scalar(1)}}, {"b", {abc()}}}); }
-zd::Array bThenA()
-{
-    return structs({1, 3}, {{"b", {scalar(1), scalar(2), scalar(3)}},
-        {"a", {scalar(4), scalar(5), scalar(6)}}});
-}
 std::string dbl(std::string const& size, std::string const& data) { return large("double", size, data); }
 std::string sparseOf(std::string const& type, std::string const& size, std::string const& data,
     bool complex = false)
@@ -81,6 +72,8 @@ std::string const oneLarge = R"({"zqdata":[1],"zqsize":[1,1],"zqtype":"double"})
 // One array written under one setting, and the tagged text expected of it.
 TEST(Writer, Forms)
 {
+    zd::Array const abc = charRow(u"abc"), oneAndAbc = cell({1, 2}, {scalar(1), abc});
+    zd::Array const aIsOneBIsAbc = structs({1, 1}, {{"a", {scalar(1)}}, {"b", {abc}}});
     struct {
         zd::Array array;
         std::string expected;
@@ -122,11 +115,11 @@ TEST(Writer, Forms)
         {logicals({1, 2}, {true, false}), "[[true,false]]"},
         {logicals({0, 0}, {}), large("logical", "[0,0]", "[]")},
         // Char and string arrays.
-        {abc(), R"("abc")"}, {charRow(u""), R"("")"},
+        {abc, R"("abc")"}, {charRow(u""), R"("")"},
         {chars({3, 1}, u"abc"), large("char", "[3,1]", R"(["abc"])")},
         {chars({1, 0}, u""), large("char", "[1,0]", R"([""])")},
         {chars({2, 3}, u"adbecf"), large("char", "[2,3]", R"(["adbecf"])")},
-        {abc(), abcLarge, Large}, {charRow(u""), large("char", "[0,0]", R"([""])"), Large},
+        {abc, abcLarge, Large}, {charRow(u""), large("char", "[0,0]", R"([""])"), Large},
         {charRow(u"\u00e9\u20ac\U0001F600"), "\"\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80\""},
         {charRow(u"a\xd800" u"b"), "\"a\xED\xA0\x80" "b\""},
         {strings({1, 3}, {Text(u""), Text(), Text(u"missing")}),
@@ -148,21 +141,24 @@ TEST(Writer, Forms)
         {sparse<ComplexSingle>({2, 2}, {{1, 1, {0.5f, finf}}}),
             sparseOf("single", "[2,2]", R"([[1u],[1u],[0.5f,"Inf"]])", true), Large},
         // Enumerations: member names under the class name, in the large form.
-        {redAndBlue(), large("pkg.Color", "[1,2]", R"(["red","blue"])"), Large},
+        {enums({1, 2}, "pkg.Color", {"red", "blue"}), large("pkg.Color", "[1,2]", R"(["red","blue"])"),
+            Large},
         {enums({0, 0}, "pkg.Color", {}), large("pkg.Color", "[0,0]", "[]")},
         // Cells and structs: what they hold is written by the same variant, at every depth.
         {cell({0, 0}, {}), large("cell", "[0,0]", "[]")},
-        {oneAndAbc(), large("cell", "[1,2]", R"([1,"abc"])")},
-        {oneAndAbc(), large("cell", "[1,2]", "[" + oneLarge + "," + abcLarge + "]"), Large},
+        {oneAndAbc, large("cell", "[1,2]", R"([1,"abc"])")},
+        {oneAndAbc, large("cell", "[1,2]", "[" + oneLarge + "," + abcLarge + "]"), Large},
         {cell({1, 1}, {cell({1, 1}, {scalar(5)})}),
             large("cell", "[1,1]", R"([{"zqdata":[5],"zqsize":[1,1],"zqtype":"cell"}])")},
-        {aIsOneBIsAbc(), R"({"a":1,"b":"abc"})"},
-        {aIsOneBIsAbc(), large("struct", "[1,1]", R"({"a":[)" + oneLarge + R"(],"b":[)" + abcLarge + "]}"),
+        {aIsOneBIsAbc, R"({"a":1,"b":"abc"})"},
+        {aIsOneBIsAbc, large("struct", "[1,1]", R"({"a":[)" + oneLarge + R"(],"b":[)" + abcLarge + "]}"),
             Large},
         {structs({2, 1}, {{"a", {scalar(1), scalar(2)}}, {"b", {charRow(u"x"), charRow(u"y")}}}),
             large("struct", "[2,1]", R"({"a":[1,2],"b":["x","y"]})")},
         // The fields are walked one after another.
-        {bThenA(), large("struct", "[1,3]", R"({"a":[4,5,6],"b":[1,2,3]})")}, {structs({0, 0}, {}), "{}"},
+        {structs({1, 3}, {{"b", {scalar(1), scalar(2), scalar(3)}},
+             {"a", {scalar(4), scalar(5), scalar(6)}}}),
+            large("struct", "[1,3]", R"({"a":[4,5,6],"b":[1,2,3]})")}, {structs({0, 0}, {}), "{}"},
         {structs({0, 0}, {{"a", {}}, {"b", {}}}), large("struct", "[0,0]", R"({"a":[],"b":[]})")},
         {structs({2, 1}, {}), large("struct", "[2,1]", "{}")},
         {structs({1, 1}, {{"zqtype", {charRow(u"x")}}}), R"({"zqtype":"x"})"},

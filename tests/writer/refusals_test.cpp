@@ -33,10 +33,8 @@ using Out = zjd::tree_output;
 
 char const* const mismatch = "Number of elements did not match specified dimensions";
 char const* const too_few = "Must have at least two dimensions";
-int const three[] = {1, 2, 3};
-bool const two[] = {true, false};
-unsigned long const rows[] = {0, 1};
-double const values[] = {1, 2};
+int const three[] = {1, 2, 3}; bool const two[] = {true, false};
+unsigned long const rows[] = {0, 1}; double const values[] = {1, 2};
 std::span<unsigned long const> const one_row(rows, 1);
 constexpr zjd::exact_value exact;
 constexpr zjd::floating_value<String> floating;
@@ -125,15 +123,6 @@ TEST(Writer, TypesThatAreNoArrayTypeAreRefused)
         EXPECT_THROW_WHAT(zjd::dispatch_on_array_type(static_cast<zd::ArrayType>(type), scalar(1), any_view),
             zd::EArrayUnknownDataType, "Unknown DataType field in zorbal::data::Array.")
             << type;
-}
-
-// A scalar inside levels - 1 cells: levels arrays in all.
-zd::Array nested_cells(int levels)
-{
-    zd::Array nested = scalar(1);
-    for (int level = 1; level < levels; ++level)
-        nested = cell({1, 1}, {nested});
-    return nested;
 }
 
 TEST(Writer, WritesAThousandLevelsAndRefusesMore)

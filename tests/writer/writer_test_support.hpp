@@ -29,9 +29,7 @@ inline ::testing::AssertionResult same_on_both_roads(foundation::zorbaldata::Arr
     foundation::zorbaldata::ObjectFilter filter, unsigned indent = 0)
 {
     std::string const difference = writing_difference(array, mode, nan, filter, indent);
-    if (difference.empty())
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << difference;
+    return difference.empty() ? ::testing::AssertionSuccess() : ::testing::AssertionFailure() << difference;
 }
 
 } // namespace zq::test
@@ -118,6 +116,15 @@ inline zd::Array cell(Dims dims, std::initializer_list<zd::Array> arrays)
 inline zd::Array enums(Dims dims, std::string className, std::initializer_list<char const*> members)
 {
     return filled<zd::Enumeration>(factory.createEnumArray(std::move(dims), std::move(className)), members);
+}
+
+// A scalar inside levels - 1 cells: levels arrays in all.
+inline zd::Array nested_cells(int levels)
+{
+    zd::Array nested = scalar(1);
+    for (int level = 1; level < levels; ++level)
+        nested = cell({1, 1}, {nested});
+    return nested;
 }
 
 // A struct array whose fields, in this order, hold the values given for them in storage order.
