@@ -3,6 +3,7 @@
 
 #include "reading_paths.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zq::test::objects {
@@ -11,22 +12,24 @@ namespace {
 
 zd::ArrayFactory const factory;
 
-std::string dims_text(Dims const& dims)
+// The texts of the elements, each made by text, between the two characters of brackets and apart by
+// separator.
+template <typename Range, typename Text>
+std::string joined(Range const& elements, Text text, char const* brackets, char const* separator = ", ")
 {
-    std::string text;
-    for (unsigned long const dim : dims)
-        text += (text.empty() ? "" : "x") + std::to_string(dim);
-    return text;
+    std::string joined(1, brackets[0]);
+    for (auto const& element : elements)
+        joined += (joined.size() == 1 ? "" : separator) + text(element);
+    return joined + brackets[1];
 }
 
-// The texts of the elements, each made by text, between open and close and apart by separator.
-template <typename Range, typename Text>
-std::string joined(Range const& elements, Text text, char const* open, char const* separator, char const* close)
+template <typename T>
+auto elements(zd::Array const& array) { return zd::getReadOnlyElements<T>(array); }
+
+std::string dims_text(Dims const& dims)
 {
-    std::string joined;
-    for (auto const& element : elements)
-        joined += (joined.empty() ? "" : separator) + text(element);
-    return open + joined + close;
+    std::string const text = joined(dims, [](unsigned long dim) { return std::to_string(dim); }, "()", "x");
+    return text.substr(1, text.size() - 2);
 }
 
 std::string number_text(double value)
@@ -37,30 +40,34 @@ std::string number_text(double value)
 
 std::string class_text(zd::ClassInfo const& info)
 {
+    auto const name = [](auto const& p) { return p.getExternalPropertyName(); };
     return info.getClassIdentifier().getFullyQualifiedClassName()
-        + joined(info.getPropertyIdentifiers(), [](auto const& p) { return p.getExternalPropertyName(); }, "(", ",", ")");
+        + joined(info.getPropertyIdentifiers(), name, "()", ",");
 }
 
 std::string properties_text(zd::Range<zd::ForwardIterator, zd::Property const> const& properties)
 {
-    return joined(properties, [](zd::Property const& p) {
+    auto const text = [](zd::Property const& p) {
         return p.getIdentifier().getExternalPropertyName() + "=" + contents(p.castToArray());
-    }, "{", ";", "}");
+    };
+    return joined(properties, text, "{}", ";");
 }
 
 std::string object_text(zd::ValueObject const& object, bool with_class)
 {
-    return (with_class ? class_text(object.getClassInfo()) : "") + properties_text({object.cbegin(), object.cend()});
+    std::string const properties = properties_text({object.cbegin(), object.cend()});
+    return with_class ? class_text(object.getClassInfo()) + properties : properties;
 }
 
 std::string value_objects_text(zd::ValueObjectArray const& array)
 {
     bool const mixed = array.isHeterogeneous();
-    std::string text = class_text(array.getClassInfo()) + (mixed ? " mixed " : " ") + dims_text(array.getDimensions());
+    std::string text = class_text(array.getClassInfo()) + (mixed ? " mixed " : " ");
+    text += dims_text(array.getDimensions());
     if (array.isExternalDimensionsSet())
         text += " ext " + dims_text(array.getExternalDimensions());
-    text += " " + joined(zd::getReadOnlyElements<zd::ValueObject>(array),
-        [&](auto const& element) { return object_text(element, mixed); }, "[", ", ", "]");
+    auto const element = [&](zd::ValueObject const& object) { return object_text(object, mixed); };
+    text += " " + joined(elements<zd::ValueObject>(array), element, "[]");
     if (array.beginArrayProp() != array.endArrayProp())
         text += " meta" + properties_text({array.beginArrayProp(), array.endArrayProp()});
     return text;
@@ -86,16 +93,16 @@ std::string contents(zd::Array const& array)
     switch (array.getType()) {
     case zd::ArrayType::DOUBLE:
         if (dims == "1x1")
-            return number_text(*zd::getReadOnlyElements<double>(array).begin());
-        return dims + joined(zd::getReadOnlyElements<double>(array), number_text, "(", " ", ")");
+            return number_text(*elements<double>(array).begin());
+        return dims + joined(elements<double>(array), number_text, "()", " ");
     case zd::ArrayType::CHAR:
-        return joined(zd::getReadOnlyElements<char16_t>(array), [](char16_t unit) { return std::string(1, char(unit)); },
-            "'", "", "'");
+        return joined(elements<char16_t>(array), [](char16_t u) { return std::string(1, char(u)); }, "''",
+            "");
     case zd::ArrayType::VALUE_OBJECT: return value_objects_text(zd::ValueObjectArray(array));
     case zd::ArrayType::HANDLE_OBJECT_REF:
-        return "handles " + dims + " " + joined(zd::getReadOnlyElements<zd::HandleObjectRef>(array), handle_text, "[", ", ", "]");
+        return "handles " + dims + " " + joined(elements<zd::HandleObjectRef>(array), handle_text, "[]");
     case zd::ArrayType::CELL:
-        return "cell " + dims + " " + joined(zd::getReadOnlyElements<zd::Array>(array), contents, "[", ", ", "]");
+        return "cell " + dims + " " + joined(elements<zd::Array>(array), contents, "[]");
     default: return std::string(zd::getTypeName(array.getType())) + " " + dims;
     }
 }
@@ -105,19 +112,20 @@ zd::ValueObject object(std::string const& class_name, Properties const& properti
     std::vector<zd::ZorbalPropertyIdentifier> declared;
     for (auto const& property : properties)
         declared.emplace_back(property.first);
-    zd::ValueObject made = factory.createValueObject(factory.createClassInfo(zd::ZorbalClassIdentifier(class_name), declared));
+    zd::ValueObject made
+        = factory.createValueObject(factory.createClassInfo(zd::ZorbalClassIdentifier(class_name), declared));
     for (auto const& [name, value] : properties)
         made[name] = value;
     return made;
 }
 
-zd::ValueObjectArray objects(Dims dims, std::string const& class_name, std::vector<Properties> const& elements)
+zd::ValueObjectArray objects(Dims dims, std::string const& class_name, std::vector<Properties> const& list)
 {
     zd::ValueObjectArray array = factory.createValueObjectArray(std::move(dims),
-        elements.empty() ? factory.createClassInfo(zd::ZorbalClassIdentifier(class_name))
-                         : object(class_name, elements.front()).getClassInfo());
-    for (unsigned long i = 0; i < elements.size(); ++i)
-        array[i] = object(class_name, elements[i]);
+        list.empty() ? factory.createClassInfo(zd::ZorbalClassIdentifier(class_name))
+                     : object(class_name, list.front()).getClassInfo());
+    for (unsigned long i = 0; i < list.size(); ++i)
+        array[i] = object(class_name, list[i]);
     return array;
 }
 
@@ -151,9 +159,8 @@ zd::HandleObjectRef handle(long long object_id, std::string const& class_name, P
 
 zd::Array handles(Dims dims, std::vector<zd::HandleObjectRef> const& elements)
 {
-    zd::TypedArray<zd::HandleObjectRef> array = factory.createArray<zd::HandleObjectRef>(std::move(dims));
-    for (unsigned long i = 0; i < elements.size(); ++i)
-        array[i] = elements[i];
+    zd::Array array = factory.createArray<zd::HandleObjectRef>(std::move(dims));
+    std::copy(elements.begin(), elements.end(), zd::getWritableElements<zd::HandleObjectRef>(array).begin());
     return array;
 }
 

@@ -61,9 +61,6 @@ zd::Array handles(Dims dims, std::vector<zd::HandleObjectRef> const& elements);
 zd::HandleObjectRef handle_at(zd::Array const& array, unsigned long index);
 
 // The KVXID text of a virtual machine number below 256: "KVX:", the number, fifteen "0".
-inline std::string kvx_text(unsigned number)
-{
-    return "KVX:" + std::to_string(number) + std::string(15, '0');
-}
+inline std::string kvx_text(unsigned n) { return "KVX:" + std::to_string(n) + std::string(15, '0'); }
 
 } // namespace zq::test::objects

@@ -18,17 +18,14 @@ struct Setting {
     NanType nan;
 };
 
-inline constexpr Setting settings[] = {
-    {ToJsonMode::Large, NanType::String},
-    {ToJsonMode::Large, NanType::Object},
-    {ToJsonMode::Small, NanType::String},
-    {ToJsonMode::Small, NanType::Object},
-};
+inline constexpr Setting settings[]
+    = {{ToJsonMode::Large, NanType::String}, {ToJsonMode::Large, NanType::Object},
+        {ToJsonMode::Small, NanType::String}, {ToJsonMode::Small, NanType::Object}};
 
 inline std::string describe(Setting setting)
 {
-    return std::string(setting.mode == ToJsonMode::Large ? "Large" : "Small") + ", NanType "
-        + (setting.nan == NanType::String ? "String" : "Object");
+    return std::string(setting.mode == ToJsonMode::Large ? "Large" : "Small")
+        + (setting.nan == NanType::String ? ", NanType String" : ", NanType Object");
 }
 
 // The text of array as the writers make it under the setting, every object class allowed.

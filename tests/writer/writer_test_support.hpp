@@ -6,7 +6,6 @@
 #include <foundation/json/serialize.hpp>
 #include <foundation/json/value.hpp>
 #include <foundation/zorbaldata.hpp>
-#include <foundation/zorbaldata/json/detail/tree_output.hpp>
 #include <foundation/zorbaldata/json/zorbaldata_to_json.hpp>
 #include <gtest/gtest.h>
 #include <writing_difference.hpp>
@@ -14,7 +13,6 @@
 #include <algorithm>
 #include <complex>
 #include <cstdlib>
-#include <cstddef>
 #include <initializer_list>
 #include <memory>
 #include <new>
@@ -31,9 +29,7 @@ inline ::testing::AssertionResult same_on_both_roads(foundation::zorbaldata::Arr
     foundation::zorbaldata::ObjectFilter filter, unsigned indent = 0)
 {
     std::string const difference = writing_difference(array, mode, nan, filter, indent);
-    if (difference.empty())
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << difference;
+    return difference.empty() ? ::testing::AssertionSuccess() : ::testing::AssertionFailure() << difference;
 }
 
 } // namespace zq::test
@@ -89,40 +85,11 @@ inline std::string large(std::string const& type, std::string const& size, std::
     return R"({"zqdata":)" + data + R"(,"zqsize":)" + size + R"(,"zqtype":")" + type + R"("})";
 }
 
-// The tree that one of the library's writers gives: write(out) into a tree output.
-template <typename Write>
-fj::Value built(Write const& write)
-{
-    foundation::zorbaldata::json::detail::tree_output out;
-    write(out);
-    return out.take();
-}
-
-// One array written under one setting, and the tagged text expected of it.
-struct WriteCase {
-    char const* name;
-    zd::Array (*make)();
-    ToJsonMode mode;
-    NanType nan;
-    std::string expected;
-};
-
 template <typename T>
 zd::Array numbers(Dims dims, std::initializer_list<T> values) { return factory.createArray<T>(dims, values); }
-
-inline zd::Array doubles(Dims dims, std::initializer_list<double> values) { return numbers<double>(dims, values); }
-
+inline zd::Array doubles(Dims dims, std::initializer_list<double> v) { return numbers<double>(dims, v); }
 inline zd::Array scalar(double value) { return factory.createScalar(value); }
-
-inline zd::Array logicals(Dims dims, std::initializer_list<bool> values) { return numbers<bool>(dims, values); }
-
-// The contiguous range of the n elements at first, as the writers take the elements of plain arrays.
-template <typename T>
-zd::Range<zd::TypedIterator, T const> range(T const* first, std::size_t n)
-{
-    return {zd::TypedIterator<T const>(first), zd::TypedIterator<T const>(first + n)};
-}
-
+inline zd::Array logicals(Dims dims, std::initializer_list<bool> v) { return numbers<bool>(dims, v); }
 // The char row of the units; 0-by-0 when there are none.
 inline zd::Array charRow(std::u16string const& units) { return factory.createCharArray(units); }
 
@@ -134,23 +101,30 @@ zd::Array filled(zd::Array array, Values const& values)
     return array;
 }
 
-inline zd::Array chars(Dims dims, std::u16string const& units) { return filled<char16_t>(factory.createCharArray(dims), units); }
-
+inline zd::Array chars(Dims dims, std::u16string const& units)
+{
+    return filled<char16_t>(factory.createCharArray(dims), units);
+}
 inline zd::Array strings(Dims dims, std::initializer_list<Text> texts)
 {
     return filled<Text>(factory.createArray(zd::ArrayType::STRING, dims), texts);
 }
-
 inline zd::Array cell(Dims dims, std::initializer_list<zd::Array> arrays)
 {
     return filled<zd::Array>(factory.createArray(zd::ArrayType::CELL, dims), arrays);
 }
-
 inline zd::Array enums(Dims dims, std::string className, std::initializer_list<char const*> members)
 {
-    zd::EnumArray array = factory.createEnumArray(std::move(dims), std::move(className));
-    std::copy(members.begin(), members.end(), zd::getWritableElements<zd::Enumeration>(array).begin());
-    return array;
+    return filled<zd::Enumeration>(factory.createEnumArray(std::move(dims), std::move(className)), members);
+}
+
+// A scalar inside levels - 1 cells: levels arrays in all.
+inline zd::Array nested_cells(int levels)
+{
+    zd::Array nested = scalar(1);
+    for (int level = 1; level < levels; ++level)
+        nested = cell({1, 1}, {nested});
+    return nested;
 }
 
 // A struct array whose fields, in this order, hold the values given for them in storage order.
