@@ -197,6 +197,8 @@ TEST(ObjectTypeFilter, EachFilterAcceptsOrRefusesAClass)
                 "Objects of class \"" + name + "\" may not be written: " + refusal + ".");
     }
     disallowObjectClass("pkg.Cls");
-    EXPECT_ANY_THROW(detail::validateObjectTypeFilter(ObjectFilter::AllowListed, "pkg.Cls"));
+    EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(ObjectFilter::AllowListed, "pkg.Cls"),
+        ObjectNotSupportedException,
+        R"(Objects of class "pkg.Cls" may not be written: the class is not on the list of allowed classes.)");
     clearAllowedObjectClasses();
 }
