@@ -278,8 +278,9 @@ TEST(SizeLimits, ArraysTooLargeToCountOrHoldAreRefused)
         {ArrayType::UINT8, {1UL << 49, 1},
             "562949953421312x1 uint8 elements: allocating 562949953421312 bytes failed."},
     };
-    for (auto const& [type, dimensions, text] : cases)
-        EXPECT_THROW_WHAT(factory.createArray(type, dimensions), EArrayTooLarge, cannot + text);
+    for (auto const& c : cases)
+        EXPECT_THROW_WHAT(
+            factory.createArray(std::get<0>(c), std::get<1>(c)), EArrayTooLarge, cannot + std::get<2>(c));
     EXPECT_THROW_WHAT(factory.createValueObjectArray({big, big}), EArrayTooLarge,
         cannot + "4294967296x4294967296 value object" + exceeds);
     EXPECT_THROW_WHAT(factory.createStructArray({big, big / 2}, {"a", "b"}), EArrayTooLarge,

@@ -189,11 +189,13 @@ TEST(ObjectTypeFilter, EachFilterAcceptsOrRefusesAClass)
         {ObjectFilter::DenyAll, "pkg.Cls", "the object type filter allows no class"},
         {static_cast<ObjectFilter>(3), "", "the object type filter 3 is unknown"}};
     allowObjectClass("pkg.Cls");
-    for (auto const& [filter, name, refusal] : cases) {
+    for (auto const& c : cases) {
+        auto const& [filter, name, refusal] = c;
         if (refusal.empty())
             EXPECT_NO_THROW(detail::validateObjectTypeFilter(filter, name)) << name;
         else
-            EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(filter, name), ObjectNotSupportedException,
+            EXPECT_THROW_WHAT(detail::validateObjectTypeFilter(std::get<0>(c), std::get<1>(c)),
+                ObjectNotSupportedException,
                 "Objects of class \"" + name + "\" may not be written: " + refusal + ".");
     }
     disallowObjectClass("pkg.Cls");
