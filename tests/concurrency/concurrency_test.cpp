@@ -22,13 +22,13 @@ using Logger = zj::detail::JSONFrontendLogger;
 
 namespace {
 
-constexpr int threadCount = 8;
+constexpr int threadCount = 6;
 constexpr int rounds = 50;
 
 std::string write(zd::Array const& array)
 {
     return zd::json::zorbaldata_to_string(array, zj::ToJsonMode::Large, zj::NanType::String,
-                                          zd::ObjectFilter::AllowAll);
+        zd::ObjectFilter::AllowAll);
 }
 
 // Starts threadCount threads running body(index) and waits for all of them.
@@ -45,13 +45,9 @@ void onThreads(Body body)
 // Documents of different kinds, so the threads pass through different readers and writers at once.
 std::array<std::string, threadCount> const documents = {
     R"({"zqtype":"shop.Item","zqsize":[1,2],"zqdata":[{"name":"pen","price":1.5},{"name":"ink","price":4}]})",
-    R"({"name":"Ada","born":1815,"scores":[[90,85,77]]})",
-    R"([[1,2,3],[4,5,6]])",
+    R"({"name":"Ada","born":1815,"scores":[[90,85,77]]})", R"([[1,2,3],[4,5,6]])", R"("h\u00e9llo")",
     R"({"zqtype":"cell","zqsize":[1,3],"zqdata":[1.5,"text",[true,false]]})",
     R"({"zqtype":"double","zqsize":[3,2],"zqsparse":true,"zqdata":[[0,2],[1,1],[7,8]]})",
-    R"("h\u00e9llo")",
-    R"({"zqtype":"int8","zqsize":[2,2],"zqdata":[1,-2,3,-4]})",
-    R"([[true,false],[false,true]])",
 };
 
 } // namespace
@@ -61,10 +57,9 @@ std::array<std::string, threadCount> const documents = {
 TEST(Concurrency, ThreadsConvertTheirOwnDocumentsAndShareOneArray)
 {
     std::array<std::string, threadCount> expected;
-    for (int t = 0; t < threadCount; ++t) {
-        zd::ArrayFactory factory;
-        expected[t] = write(zd::json::string_to_zorbaldata(documents[t], factory));
-    }
+    zd::ArrayFactory alone;
+    for (int t = 0; t < threadCount; ++t)
+        expected[t] = write(zd::json::string_to_zorbaldata(documents[t], alone));
     zd::TypedArray<double> const shared = zd::ArrayFactory().createArray<double>({1, 4}, {1, 2, 3, 4});
     std::string const written = write(shared);
     std::array<int, threadCount> mismatches{};
@@ -73,9 +68,8 @@ TEST(Concurrency, ThreadsConvertTheirOwnDocumentsAndShareOneArray)
         for (int r = 0; r < rounds; ++r) {
             zd::TypedArray<double> copy = shared;
             copy[0] = t + r;
-            if (write(zd::json::string_to_zorbaldata(documents[t], factory)) != expected[t] || copy[0] != t + r
-                || shared[0] != 1 || write(shared) != written)
-                ++mismatches[t];
+            mismatches[t] += write(zd::json::string_to_zorbaldata(documents[t], factory)) != expected[t]
+                || copy[0] != t + r || shared[0] != 1 || write(shared) != written;
         }
     });
     for (int t = 0; t < threadCount; ++t)
@@ -87,12 +81,10 @@ TEST(Concurrency, SinkIsReplacedWhileOtherThreadsLog)
 {
     std::string const document = documents[0];
     std::atomic<std::size_t> lines{0};
-    Logger::Sink const counting = [&lines](std::string_view) { lines.fetch_add(1, std::memory_order_relaxed); };
+    Logger::Sink const counting = [&lines](std::string_view) { lines.fetch_add(1); };
     Logger::Sink const previous = Logger::set_sink(counting);
-    {
-        zd::ArrayFactory factory;
-        zd::json::string_to_zorbaldata(document, factory);
-    }
+    zd::ArrayFactory alone;
+    zd::json::string_to_zorbaldata(document, alone);
     std::size_t const linesPerRead = lines.exchange(0);
     ASSERT_GT(linesPerRead, 0U);
     onThreads([&](int t) {

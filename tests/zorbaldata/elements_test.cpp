@@ -1,11 +1,12 @@
-// Arrays whose elements are arrays, struct records, text or enumeration members.
+// Arrays whose elements are arrays, struct records, text or enumeration members, and copies that share
+// elements until one of them is written: no write ever shows through another handle.
 #include "expect_throw.hpp"
 
 #include <foundation/zorbaldata.hpp>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
@@ -33,7 +34,7 @@ Array nestedCells(int levels, double inner)
 
 } // namespace
 
-TEST(CellArray, ElementsStartEmptyAndShareWhatIsStored)
+TEST(CellArray, ElementsStartEmptyShareWhatIsStoredAndCompareDeeply)
 {
     TypedArray<Array> cells = factory.createArray<Array>({1, 2});
     EXPECT_EQ(std::as_const(cells)[1], Array());
@@ -43,10 +44,7 @@ TEST(CellArray, ElementsStartEmptyAndShareWhatIsStored)
     Array const stored = std::as_const(cells)[1];
     EXPECT_EQ(stored, text);
     EXPECT_EQ(&*getReadOnlyElements<char16_t>(stored).begin(), &*getReadOnlyElements<char16_t>(text).begin());
-}
-
-TEST(CellArray, EqualityIsDeep)
-{
+    // Equality is deep.
     double const nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(nestedCells(2, 1), nestedCells(2, 1));
     EXPECT_NE(nestedCells(2, 1), nestedCells(2, 2));
@@ -55,20 +53,17 @@ TEST(CellArray, EqualityIsDeep)
     EXPECT_EQ(factory.createScalar(0.0), factory.createScalar(-0.0));
     EXPECT_NE(factory.createScalar(1.0), factory.createScalar(1.0f));
     EXPECT_NE(factory.createArray<double>({1, 2}), factory.createArray<double>({2, 1}));
+    EXPECT_NE(Array(), factory.createArray(ArrayType::DOUBLE, {0, 3}));
 }
 
-// Comparing and dropping arrays nested far deeper than a stack could recurse through.
-TEST(CellArray, ComparesAndFreesDeeplyNestedCells)
+// Comparing and dropping arrays nested far deeper than a stack could recurse through; arrays that
+// outlive the thread's own bookkeeping, such as thread_local ones, are freed at exit after it (the
+// sanitizers see any use of bookkeeping that is gone).
+TEST(CellArray, ComparesAndFreesDeeplyNestedCellsAndCellsAtThreadExit)
 {
     Array nested = nestedCells(300000, 1.0);
     EXPECT_TRUE(nested == nestedCells(300000, 1.0));
     EXPECT_FALSE(nested == nestedCells(300000, 2.0));
-}
-
-// Arrays that outlive the thread's own bookkeeping, such as thread_local ones, are freed at exit
-// after it; the sanitizers see any use of bookkeeping that is gone.
-TEST(CellArray, FreesArraysAtThreadExit)
-{
     std::thread([] {
         thread_local Array const held = nestedCells(3, 1.0);
         EXPECT_EQ(held.getType(), ArrayType::CELL);
@@ -77,25 +72,33 @@ TEST(CellArray, FreesArraysAtThreadExit)
     }).join();
 }
 
-TEST(StructArray, FieldsStartEmptyAndAStructKindHasNoFields)
+// Fields start empty, a struct kind has no fields, and field order does not matter for equality.
+TEST(StructArray, FieldsStartEmptyAndTheirOrderDoesNotMatter)
 {
-    StructArray const array = factory.createStructArray({2, 1}, {"zeta", "alpha"});
-    EXPECT_EQ(array[1]["alpha"], Array());
+    EXPECT_EQ(factory.createStructArray({2, 1}, {"zeta", "alpha"})[1]["alpha"], Array());
     StructArray const noFields = factory.createStructArray({2, 1}, {});
     EXPECT_EQ(noFields.getNumberOfFields(), 0u);
     EXPECT_EQ(factory.createArray(ArrayType::STRUCT, {2, 1}), noFields);
+    StructArray ab = factory.createStructArray({1, 1}, {"a", "b"});
+    StructArray ba = factory.createStructArray({1, 1}, {"b", "a"});
+    ab[0]["a"] = factory.createScalar(1.0);
+    ba[0]["a"] = factory.createScalar(1.0);
+    EXPECT_EQ(ab, ba);
+    ba[0]["b"] = factory.createScalar(1.0);
+    EXPECT_NE(ab, ba);
+    EXPECT_NE(ab, factory.createStructArray({1, 1}, {"a", "c"}));
 }
 
 TEST(StructArray, IllegalAndUnknownFieldNamesAreRefused)
 {
     EXPECT_NO_THROW(factory.createStructArray({1, 1}, {std::string(2049, 'a'), "a_1", "Z9"}));
     for (std::string const& name : {std::string(), std::string("1a"), std::string("_a"), std::string("a b"),
-                                    std::string("a-b"), std::string("\xc3\xa9t\xc3\xa9"), std::string(2050, 'a')})
+             std::string("a-b"), std::string("\xc3\xa9t\xc3\xa9"), std::string(2050, 'a')})
         EXPECT_THROW_WHAT(factory.createStructArray({1, 1}, {"ok", name}), EIllegalStructFieldName,
-                          "\"" + name + "\" is not a legal field name: a field name begins with an ASCII letter, "
-                          "holds only ASCII letters, digits and underscores, and has at most 2049 of them.");
+            "\"" + name + "\" is not a legal field name: a field name begins with an ASCII letter, holds "
+            "only ASCII letters, digits and underscores, and has at most 2049 of them.");
     EXPECT_THROW_WHAT(factory.createStructArray({1, 1}, {"a", "b", "a"}), EIllegalStructFieldName,
-                      "The field name \"a\" is given twice.");
+        "The field name \"a\" is given twice.");
     try {
         factory.createStructArray({0, 0}, {"1a"});
         ADD_FAILURE() << "an illegal name passed";
@@ -109,31 +112,17 @@ TEST(StructArray, IllegalAndUnknownFieldNamesAreRefused)
     EXPECT_THROW_WHAT(std::as_const(array)[0]["b"], EIllegalStructFieldName, text);
 }
 
-TEST(StructArray, FieldOrderDoesNotMatterForEquality)
-{
-    StructArray ab = factory.createStructArray({1, 1}, {"a", "b"});
-    StructArray ba = factory.createStructArray({1, 1}, {"b", "a"});
-    ab[0]["a"] = factory.createScalar(1.0);
-    ba[0]["a"] = factory.createScalar(1.0);
-    EXPECT_EQ(ab, ba);
-    ba[0]["b"] = factory.createScalar(1.0);
-    EXPECT_NE(ab, ba);
-    EXPECT_NE(ab, factory.createStructArray({1, 1}, {"a", "c"}));
-}
-
-TEST(CharArray, TextIsOneRowAndNoTextIsZeroByZero)
+// Text is one row and no text is 0-by-0; a missing string is neither empty nor readable.
+TEST(StringArray, TextIsOneRowAndMissingIsNeitherEmptyNorReadable)
 {
     CharArray const abc = factory.createCharArray(u"abc");
     EXPECT_EQ(abc.getDimensions(), (std::vector<unsigned long>{1, 3}));
     EXPECT_EQ(abc.toUTF16(), u"abc");
     EXPECT_EQ(factory.createCharArray(u"").getDimensions(), (std::vector<unsigned long>{0, 0}));
-}
-
-TEST(StringArray, MissingIsNeitherEmptyNorReadable)
-{
     TypedArray<OptionalText> strings = factory.createArray<OptionalText>({1, 2});
     TypedArray<OptionalText> const none = strings;
-    EXPECT_THROW_WHAT(std::u16string(std::as_const(strings)[0]), EMissingValue, "The string element is missing.");
+    EXPECT_THROW_WHAT(
+        std::u16string(std::as_const(strings)[0]), EMissingValue, "The string element is missing.");
     strings[1] = OptionalText(u"");
     EXPECT_NE(strings, none);
     TypedArray<OptionalText> emptied = none;
@@ -179,4 +168,82 @@ TEST(EnumArray, EqualityComparesClassAndMembers)
     b[1] = "red";
     EXPECT_NE(a, b);
     EXPECT_NE(factory.createEnumArray({1, 2}, "pkg.Color"), factory.createEnumArray({1, 2}, "pkg.Shade"));
+}
+
+TEST(CopyOnWrite, OnlyASharedArrayIsCopiedBeforeAWrite)
+{
+    TypedArray<double> original = factory.createArray<double>({1, 3}, {1, 2, 3});
+    double* const first = &*getWritableElements<double>(original).begin();
+    {
+        Array const reader = original;
+        EXPECT_EQ(&*getReadOnlyElements<double>(reader).begin(), first);
+    }
+    EXPECT_EQ(&*getWritableElements<double>(original).begin(), first);
+    Array const copy = original;
+    getWritableElements<double>(original).begin()[0] = 10;
+    TypedArray<double> view = copy;
+    *view.begin() = 5;
+    EXPECT_EQ(getReadOnlyElements<double>(copy).begin()[0], 1);
+    EXPECT_EQ(original[0], 10);
+    EXPECT_EQ(std::as_const(view)[0], 5);
+}
+
+// For each kind whose elements are reached through references: write element 0 of one handle and
+// check that a copy made before still reads as the original.
+TEST(CopyOnWrite, EveryKindOfElementIsCopiedBeforeAWrite)
+{
+    ClassInfo const cls
+        = factory.createClassInfo(ZorbalClassIdentifier("pkg.Cls"), {ZorbalPropertyIdentifier("p")});
+    Array const one = factory.createScalar(1.0);
+    HandleObjectRef const handle = factory.createHandleObjectRef(KVXID(), 1);
+    ZorbalPropertyIdentifier const meta("meta");
+    std::pair<std::function<Array()>, std::function<Array(Array)>> const cases[] = {
+        {[] { return factory.createArray(ArrayType::CELL, {1, 2}); },
+            [&](TypedArray<Array> a) { a[0] = one; return a; }},
+        {[] { return factory.createArray(ArrayType::STRING, {1, 2}); },
+            [](TypedArray<OptionalText> a) { a[0] = std::u16string(u"x"); return a; }},
+        {[] { return factory.createStructArray({1, 2}, {"f"}); },
+            [&](StructArray a) { a[0]["f"] = one; return a; }},
+        {[&] { return factory.createValueObjectArray({1, 2}, cls); },
+            [&](ValueObjectArray a) { a[0]["p"] = one; return a; }},
+        {[] { return factory.createArray(ArrayType::HANDLE_OBJECT_REF, {1, 2}); },
+            [&](TypedArray<HandleObjectRef> a) { a[0] = handle; return a; }},
+        {[] { return factory.createEnumArray({1, 2}, "pkg.Color"); },
+            [](EnumArray a) { a[0] = "red"; return a; }},
+        {[&] { return factory.createValueObjectArray({1, 1}, cls); },
+            [&](ValueObjectArray a) { a.addArrayProperty(meta, Array(), true); return a; }},
+    };
+    for (auto const& [make, write] : cases) {
+        Array const pristine = make();
+        Array const written = write(pristine);
+        EXPECT_EQ(pristine, make()) << getTypeName(pristine.getType());
+        EXPECT_NE(written, pristine) << getTypeName(pristine.getType());
+    }
+}
+
+TEST(CopyOnWrite, ObjectsAndStructElementsTakenOutAreIndependent)
+{
+    ClassInfo const cls = factory.createClassInfo(ZorbalClassIdentifier("pkg.Cls"));
+    ValueObject original = factory.createValueObject(cls);
+    original.addProperty(ZorbalPropertyIdentifier("p"), factory.createScalar(1.0));
+    ValueObject copy = original;
+    copy["p"] = factory.createScalar(2.0);
+    copy.addProperty(ZorbalPropertyIdentifier("q"), Array());
+    EXPECT_EQ(std::as_const(original)["p"], factory.createScalar(1.0));
+    EXPECT_EQ(original.getNumberOfProperties(), 1u);
+    EXPECT_EQ(std::as_const(copy)["p"], factory.createScalar(2.0));
+
+    ValueObject const stored = factory.createValueObject(cls);
+    ValueObjectArray objects = factory.createValueObjectArray({1, 1}, cls);
+    object_set_value_x(objects[0].get(), stored.get());
+    standalone::detail::addProperty(objects[0], ZorbalPropertyIdentifier("p"), factory.createScalar(1.0));
+    EXPECT_EQ(stored.getNumberOfProperties(), 0u);
+    EXPECT_EQ(ValueObject(std::as_const(objects)[0]).getNumberOfProperties(), 1u);
+
+    StructArray structs = factory.createStructArray({1, 1}, {"f"});
+    structs[0]["f"] = factory.createScalar(1.0);
+    StructElement const before = detail::getValue<StructElement>(std::as_const(structs)[0]);
+    structs[0]["f"] = factory.createScalar(2.0);
+    EXPECT_EQ(before["f"], factory.createScalar(1.0));
+    EXPECT_EQ(std::as_const(structs)[0]["f"], factory.createScalar(2.0));
 }
