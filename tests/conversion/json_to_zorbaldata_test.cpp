@@ -11,9 +11,7 @@
 #include <yx/i18n/cvt_exception.hpp>
 
 #include <cmath>
-#include <limits>
-#include <string>
-#include <vector>
+
 
 namespace {
 
@@ -77,8 +75,8 @@ TEST(JsonToZorbaldata, StringsBecomeUtf16CodeUnits)
 // empty array and Null its own failure.
 TEST(JsonToZorbaldata, UndefinedAndNull)
 {
-    std::string const text = "Input value is either foundation::json::Undefined or foundation::json::Null. The "
-                             "value cannot be converted to ZORBAL Data Array.";
+    std::string const text = "Input value is either foundation::json::Undefined or foundation::json::Null. "
+                             "The value cannot be converted to ZORBAL Data Array.";
     EXPECT_THROW_WHAT(convert(fj::Value()), zd::json::InvalidInputJSONValue, text);
     EXPECT_THROW_WHAT(convert(fj::Value(fj::Null{})), zd::json::InvalidInputJSONValue, text);
 
