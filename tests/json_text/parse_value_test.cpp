@@ -115,8 +115,10 @@ TEST(ParseValue, NestingStopsAtTheBracketBeyondTheLimit)
 {
     auto const nest = [](std::string const& open, std::size_t depth, std::string const& close) {
         std::string opening, closing;
-        for (std::size_t i = 0; i != depth; ++i)
-            opening += open, closing += close;
+        for (std::size_t i = 0; i != depth; ++i) {
+            opening += open;
+            closing += close;
+        }
         return opening + "1" + closing;
     };
     std::ptrdiff_t const limit = fj::max_nesting_depth;

@@ -104,8 +104,10 @@ TEST(Notation, FaultsThatOnlyTreesCarry)
     using V = fj::Value;
     EXPECT_THROW_WHAT(read_tree(V(fj::Array {V(1LL)})), zj::InvalidArrayElemType, bad_element);
     std::pair<V, char const*> const seconds[] = {{V(2LL), "int64"}, {V(2ULL), "uint64"}, {V(2.0f), "single"}};
-    for (auto const& [v, name] : seconds)
-        EXPECT_THROW_WHAT(read_tree(V(fj::Array {V(1.0), v})), ArrayInconsistentTypes, both("double", name));
+    for (auto const& [second, name] : seconds) {
+        V const tree(fj::Array {V(1.0), second});
+        EXPECT_THROW_WHAT(read_tree(tree), ArrayInconsistentTypes, both("double", name));
+    }
     for (double x : {std::numeric_limits<double>::quiet_NaN(), inf})
         EXPECT_THROW_WHAT(read_tree(large_form("double", {x, 1}, fj::Array {})), InvalidZQSize, bad_size);
 }
