@@ -30,11 +30,7 @@ zd::Array convert(fj::Value const& value)
 TEST(JsonToZorbaldata, ScalarsGiveTypeSizeAndValue)
 {
     double const nan = std::numeric_limits<double>::quiet_NaN();
-    static const struct {
-        fj::Value value;
-        ArrayType type;
-        Dims dims;
-    } cases[] = {
+    static const struct { fj::Value value; ArrayType type; Dims dims; } cases[] = {
         {fj::Value(1.5), ArrayType::DOUBLE, {1, 1}}, {fj::Value(nan), ArrayType::DOUBLE, {1, 1}},
         {fj::Value(true), ArrayType::LOGICAL, {1, 1}}, {fj::Value(false), ArrayType::LOGICAL, {1, 1}},
         {fj::Value(""), ArrayType::CHAR, {0, 0}}, {fj::Value(5LL), ArrayType::DOUBLE, {0, 0}},
@@ -53,10 +49,7 @@ TEST(JsonToZorbaldata, ScalarsGiveTypeSizeAndValue)
 
 TEST(JsonToZorbaldata, StringsBecomeUtf16CodeUnits)
 {
-    static const struct {
-        std::string utf8;
-        std::u16string utf16;
-    } cases[] = {
+    static const struct { std::string utf8; std::u16string utf16; } cases[] = {
         {"hi", u"hi"}, {"\xC3\xA9t\xC3\xA9", u"\u00E9t\u00E9"},
         {"\xF0\x9F\x98\x80", u"\U0001F600"}, // two code units, so two elements
         {"\xED\xA0\x80", std::u16string(1, char16_t(0xD800))}, // a lone surrogate survives

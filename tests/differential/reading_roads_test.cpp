@@ -51,11 +51,7 @@ TEST(ReadingRoads, LongArraysKeepEveryNumberInPlace)
     auto const same = [](long long i) { return i; };
     auto const unsigned_or_0 = [](long long i) { return static_cast<unsigned long long>(std::max(i, 0LL)); };
     // The tree of "zqdata", or of the whole text when it is no object; Undefined where not checked.
-    const struct {
-        std::string text;
-        fj::Value data;
-        bool reads;
-    } cases[] = {
+    const struct { std::string text; fj::Value data; bool reads; } cases[] = {
         {large("double", count, list(0) + "]"), tree(0, real), true},
         {list(-count) + "]", tree(-count, real), true},
         {large("double", count, list(0, ".5") + "]"), tree(0, [](long long i) { return i + 0.5; }), true},

@@ -31,11 +31,7 @@ constexpr std::string_view accepted[] = {
     "n_structure_whitespace_formfeed.json",
 };
 
-struct Refusal {
-    std::string_view file;
-    fj::ParseResult code;
-    unsigned long offset;
-};
+struct Refusal { std::string_view file; fj::ParseResult code; unsigned long offset; };
 
 // Our grammar refuses these y_ and i_ files, with this code at this offset. The i_ files not listed
 // parse: lone low surrogates, a high surrogate followed by any \u escape, bytes that are no UTF-8

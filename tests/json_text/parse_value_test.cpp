@@ -20,12 +20,7 @@ using V = fj::Value;
 using Stop = std::pair<fj::ParseResult, std::ptrdiff_t>;
 
 // A text, what reading it should return and where it should stop.
-struct StopCase {
-    char const* name;
-    std::string text;
-    fj::ParseResult code;
-    std::ptrdiff_t offset;
-};
+struct StopCase { char const* name; std::string text; fj::ParseResult code; std::ptrdiff_t offset; };
 
 // step(position, end) on text from its start: the code it returned and the offset where it stopped.
 template <typename Step>
@@ -92,10 +87,7 @@ TEST(ParseValue, CommentsUnderFlagBitZero)
 TEST(ParseValue, BuildsTheTree)
 {
     double const infinity = std::numeric_limits<double>::infinity();
-    static const struct {
-        std::string text;
-        V tree;
-    } cases[] = {
+    static const struct { std::string text; V tree; } cases[] = {
         {"0123", V(123.0)}, {"-1.25e2", V(-125.0)}, {"-1e400", V(-infinity)},
         {"1" + std::string(100'000, '0'), V(infinity)},
         {"0." + std::string(100'000, '0') + "1e100000", V(0.1)}, {"\"a\nb\"", V("a\nb")},
@@ -173,10 +165,7 @@ TEST(ParseString, FailuresPointAtTheEscapeAndKeepTheResult)
 
 TEST(ParseString, DecodesEscapesAndKeepsEveryOtherByte)
 {
-    static const struct {
-        std::string text;
-        std::string content;
-    } cases[] = {
+    static const struct { std::string text; std::string content; } cases[] = {
         {R"("\"\/\\\b\f\n\r\t")", "\"/\\\b\f\n\r\t"}, {R"("\u0041\u00e9\u20AC")", "A\xC3\xA9\xE2\x82\xAC"},
         {R"("\ud83d\ude00")", "\xF0\x9F\x98\x80"}, {R"("\u0000")", "\0"s},
         // A low surrogate alone, and a high one with a partner that is none, keep their own forms.
@@ -220,11 +209,7 @@ V numbers(auto... elements)
 
 TEST(TypedData, EitherKeyOrderGivesTheSameTree)
 {
-    static const struct {
-        char const* type;
-        char const* data;
-        V expected;
-    } cases[] = {
+    static const struct { char const* type; char const* data; V expected; } cases[] = {
         {R"("int64")", "[9007199254740993, -0]", numbers(9007199254740993LL, 0LL)},
         {R"("int8")", "[99999999999999999999,-99999999999999999999]", numbers(int_max, int_min)},
         {R"("uint8")", "[-1,18446744073709551616]", numbers(0ULL, uint_max)},
@@ -266,10 +251,7 @@ TEST(TypedData, FailuresOfTheSecondReadingComeAfterTheType)
 // own type.
 TEST(TypedData, RepeatedKeysFollowTheOrderOfReading)
 {
-    static const struct {
-        char const* text;
-        V data;
-    } cases[] = {
+    static const struct { char const* text; V data; } cases[] = {
         {R"({"zqdata":[1],"zqdata":[2],"zqtype":"int8"})", numbers(2LL)},
         {R"({"zqtype":"double","zqdata":[1],"zqdata":[2],"zqtype":"int8"})", numbers(2LL)},
         {R"({"zqdata":[1],"zqtype":"double","zqtype":"int8"})", numbers(1LL)},

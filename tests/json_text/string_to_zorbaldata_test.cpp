@@ -24,11 +24,7 @@ TEST(StringToZorbaldata, RefusesTextThatIsNotExactlyOneValue)
     std::string const end = "(E0019): Unexpected end of text (Line 1, Column ";
     std::string const quote = "(E0008): Expected a string (opening quote) (Line ";
     std::string const rest = "(E0000): Parse incomplete (Line 1, Column ";
-    const struct {
-        std::string text;
-        long skipped_before, skipped_after;
-        std::string message;
-    } cases[] = {
+    const struct { std::string text; long skipped_before, skipped_after; std::string message; } cases[] = {
         {"", 0, 0, end + "0)\n\t\n\t^"}, {" 1", 0, 0, quote + "1, Column 0)\n\t 1\n\t^"},
         {"1 ", 0, 0, rest + "1)\n\t1 \n\t ^"}, {"1\n", 0, 0, rest + "1)\n\t1\n\t ^"},
         {"[][]", 0, 0, rest + "2)\n\t[][]\n\t  ^"},
@@ -78,14 +74,8 @@ TEST(ParserException, MessageHasThreeLinesWithTheCaretUnderThePosition)
 TEST(ParserException, FieldsCountBytesAndOnlyLineFeedsEndLines)
 {
     std::string const long_line = std::string(150, 'a') + std::string(150, 'b');
-    static const struct {
-        char const* name;
-        std::string text;
-        std::size_t offset;
-        unsigned long line;
-        unsigned long column;
-        std::string excerpt;
-    } cases[] = {
+    static const struct { char const* name; std::string text; std::size_t offset; unsigned long line;
+        unsigned long column; std::string excerpt; } cases[] = {
         {"Start", "abc", 0, 1, 0, "abc"}, {"OnALineEnd", "x\nab\ncd", 4, 2, 2, "ab"},
         {"AfterTheLastLineEnd", "1\n", 2, 2, 0, ""}, {"ValueBeforeALineEnd", "1\n", 1, 1, 1, "1"},
         {"CarriageReturnIsAByte", "a\r\rb", 3, 1, 3, "a\r\rb"},

@@ -40,13 +40,8 @@ zd::Array entry(zd::Array const& cell, unsigned long index)
 // fields; values are listed per field over the elements in storage order, else the fields' types.
 TEST(StructReader, FillsFieldByField)
 {
-    static const struct {
-        std::string json;
-        Dims dims;
-        Names fields;
-        std::vector<double> values;
-        std::vector<ArrayType> types;
-    } cases[] = {
+    static const struct { std::string json; Dims dims; Names fields; std::vector<double> values;
+        std::vector<ArrayType> types; } cases[] = {
         {lf("struct", "[1,2]", R"({"b":[3,4],"a":[1,2]})"), {1, 2}, {"a", "b"}, {1, 2, 3, 4}, {}},
         {lf("struct", "[2,1]", R"({"a":[1,2,3],"b":[4]})"), {2, 1}, {"a", "b"}, {1, 2, 3, 4}, {}},
         {lf("struct", "[2,1]", "{}"), {2, 1}, {}, {}, {}}, {"{}", {1, 1}, {}, {}, {}},
@@ -111,11 +106,7 @@ TEST(StructReader, ValuesAndEntriesAreDocuments)
 // one is shown quoted.
 TEST(StringReader, ReadsPresentAndMissingElements)
 {
-    static const struct {
-        std::string json;
-        Dims dims;
-        std::vector<std::u16string> expected;
-    } cases[] = {
+    static const struct { std::string json; Dims dims; std::vector<std::u16string> expected; } cases[] = {
         {lf("string", "[2,2]", R"(["a",{"zqdata":"missing"},"","missing"])"), {2, 2},
             {u"\"a\"", u"(missing)", u"\"\"", u"\"missing\""}},
         {lf("string", "[1,1]", R"([{"x":1,"zqdata":"missing"}])"), {1, 1}, {u"(missing)"}},
@@ -216,12 +207,8 @@ SparseContent sparse_as(zd::Array const& array)
 // Indices pass unchanged, and the factory sorts by column and adds up elements at one place.
 TEST(SparseReader, ReadsTheStoredElements)
 {
-    static const struct {
-        std::string json;
-        SparseContent (*content)(zd::Array const&);
-        Dims dims;
-        SparseContent expected;
-    } cases[] = {
+    static const struct { std::string json; SparseContent (*content)(zd::Array const&); Dims dims;
+        SparseContent expected; } cases[] = {
         {sp("double", "[3,3]", "[[2,0,0],[2,1,1],[5.5,1,2]]"), sparse_as<double>, {3, 3},
             {{0, 2}, {1, 2}, {3, 5.5}}},
         {sp("double", "[3,3]", "[[1.9],[0.5],[1]]"), sparse_as<double>, {3, 3}, {{1}, {0}, {1}}},

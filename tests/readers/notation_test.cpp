@@ -189,10 +189,7 @@ fj::Value nested(std::size_t levels, fj::Value value = fj::Value(1.0))
 // off. The text a tree at the limit makes is read by both roads.
 TEST(NestingDepth, EveryFormReadsToTheLimitAndRefusesOneLevelMore)
 {
-    static const struct {
-        fj::Value (*wrap)(fj::Value);
-        std::size_t levels;
-    } forms[] = {
+    static const struct { fj::Value (*wrap)(fj::Value); std::size_t levels; } forms[] = {
         {[](fj::Value v) { return v; }, 1000}, {[](fj::Value v) { return object_of(std::move(v)); }, 999},
         {[](fj::Value v) { return form("cell", std::move(v)); }, 998},
         {[](fj::Value v) { return form("struct", object_of(list_of(std::move(v))), false); }, 997},

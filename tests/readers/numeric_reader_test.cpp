@@ -239,11 +239,7 @@ std::string floating(char const* type)
 TEST(Json2Num, ConvertsOrRefuses)
 {
     V const nan_object = object("zqdata", V("NaN"));
-    const struct {
-        V input;
-        std::string (*convert)(fj::Value const&);
-        std::string expected;
-    } cases[] = {
+    const struct { V input; std::string (*convert)(fj::Value const&); std::string expected; } cases[] = {
         {V(fj::Object {{"other", V(1.0)}, {"zqdata", V("NaN")}}), converted<double>, "0xFFF8000000000000"},
         {V(3.4028234663852886e38), converted<float>, "0x7F7FFFFF"},
         {V(-3.4028234663852886e38), converted<float>, "0xFF7FFFFF"},
