@@ -11,9 +11,7 @@
 #include <yx/i18n/cvt_exception.hpp>
 
 #include <cmath>
-#include <limits>
-#include <string>
-#include <vector>
+
 
 namespace {
 
@@ -32,11 +30,7 @@ zd::Array convert(fj::Value const& value)
 TEST(JsonToZorbaldata, ScalarsGiveTypeSizeAndValue)
 {
     double const nan = std::numeric_limits<double>::quiet_NaN();
-    static const struct {
-        fj::Value value;
-        ArrayType type;
-        Dims dims;
-    } cases[] = {
+    static const struct { fj::Value value; ArrayType type; Dims dims; } cases[] = {
         {fj::Value(1.5), ArrayType::DOUBLE, {1, 1}}, {fj::Value(nan), ArrayType::DOUBLE, {1, 1}},
         {fj::Value(true), ArrayType::LOGICAL, {1, 1}}, {fj::Value(false), ArrayType::LOGICAL, {1, 1}},
         {fj::Value(""), ArrayType::CHAR, {0, 0}}, {fj::Value(5LL), ArrayType::DOUBLE, {0, 0}},
@@ -55,10 +49,7 @@ TEST(JsonToZorbaldata, ScalarsGiveTypeSizeAndValue)
 
 TEST(JsonToZorbaldata, StringsBecomeUtf16CodeUnits)
 {
-    static const struct {
-        std::string utf8;
-        std::u16string utf16;
-    } cases[] = {
+    static const struct { std::string utf8; std::u16string utf16; } cases[] = {
         {"hi", u"hi"}, {"\xC3\xA9t\xC3\xA9", u"\u00E9t\u00E9"},
         {"\xF0\x9F\x98\x80", u"\U0001F600"}, // two code units, so two elements
         {"\xED\xA0\x80", std::u16string(1, char16_t(0xD800))}, // a lone surrogate survives
@@ -77,8 +68,8 @@ TEST(JsonToZorbaldata, StringsBecomeUtf16CodeUnits)
 // empty array and Null its own failure.
 TEST(JsonToZorbaldata, UndefinedAndNull)
 {
-    std::string const text = "Input value is either foundation::json::Undefined or foundation::json::Null. The "
-                             "value cannot be converted to ZORBAL Data Array.";
+    std::string const text = "Input value is either foundation::json::Undefined or foundation::json::Null. "
+                             "The value cannot be converted to ZORBAL Data Array.";
     EXPECT_THROW_WHAT(convert(fj::Value()), zd::json::InvalidInputJSONValue, text);
     EXPECT_THROW_WHAT(convert(fj::Value(fj::Null{})), zd::json::InvalidInputJSONValue, text);
 

@@ -9,13 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 
 namespace fj = foundation::json;
+using V = fj::Value;
 
 constexpr long long count = 70000;
 
@@ -53,11 +51,7 @@ TEST(ReadingRoads, LongArraysKeepEveryNumberInPlace)
     auto const same = [](long long i) { return i; };
     auto const unsigned_or_0 = [](long long i) { return static_cast<unsigned long long>(std::max(i, 0LL)); };
     // The tree of "zqdata", or of the whole text when it is no object; Undefined where not checked.
-    const struct {
-        std::string text;
-        fj::Value data;
-        bool reads;
-    } cases[] = {
+    const struct { std::string text; fj::Value data; bool reads; } cases[] = {
         {large("double", count, list(0) + "]"), tree(0, real), true},
         {list(-count) + "]", tree(-count, real), true},
         {large("double", count, list(0, ".5") + "]"), tree(0, [](long long i) { return i + 0.5; }), true},
@@ -65,16 +59,16 @@ TEST(ReadingRoads, LongArraysKeepEveryNumberInPlace)
         {large("double", count + 1, list(0) + "]"), tree(0, real), false},
         {large("double", count / 2, list(0) + "]", R"(,"zqcomplex":true)"), tree(0, real), true},
         {list(0) + R"(,"x"])", tree(0, real, {fj::Value("x")}), false},
-        {"[" + list(0) + "]," + list(count) + "]]", fj::Value(fj::Array{tree(0, real), tree(count, real)}), true},
+        {"[" + list(0) + "]," + list(count) + "]]", V(fj::Array {tree(0, real), tree(count, real)}), true},
         {R"({"zqtype":"int64","zqdata":)" + list(-5) + R"(],"zqsize":[1,70000]})", tree(-5, same), true},
         {large("int64", count, list(-5) + "]"), tree(-5, same), true},
         {large("uint64", count, list(-5) + "]"), tree(-5, unsigned_or_0), true},
         {large("uint32", count, list(-5) + "]"), tree(-5, unsigned_or_0), true},
         {large("int32", count, list(-5) + "]"), tree(-5, same), true},
         {large("int8", count, list(0) + "]"), tree(0, same), false},
-        {large("int64", count, "[99999999999999999999," + list(1, "", count - 1).substr(1) + "]"), fj::Value(), true},
+        {large("int64", count, "[99999999999999999999," + list(1, "", count - 1).substr(1) + "]"), V(), true},
         {large("cell", 1, "[" + large("double", count, list(0) + "]") + "]"), fj::Value(), true},
-        {large("cell", count + 1, list(0) + ",[3]]"), tree(0, real, {fj::Value(fj::Array{fj::Value(3.0)})}), true},
+        {large("cell", count + 1, list(0) + ",[3]]"), tree(0, real, {V(fj::Array {V(3.0)})}), true},
     };
     for (auto const& c : cases) {
         SCOPED_TRACE(c.text.substr(0, 60));

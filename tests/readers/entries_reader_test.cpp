@@ -8,12 +8,12 @@
 
 #include <complex>
 #include <stdexcept>
-#include <string>
 
 namespace {
 
 using namespace zq::test;
 using zd::ArrayType;
+using enum zd::ArrayType;
 using Names = std::vector<std::string>;
 
 Names field_names(zd::Array const& array)
@@ -40,31 +40,25 @@ zd::Array entry(zd::Array const& cell, unsigned long index)
 // fields; values are listed per field over the elements in storage order, else the fields' types.
 TEST(StructReader, FillsFieldByField)
 {
-    static const struct {
-        std::string json;
-        Dims dims;
-        Names fields;
-        std::vector<double> values;
-        std::vector<ArrayType> types;
-    } cases[] = {
+    static const struct { std::string json; Dims dims; Names fields; std::vector<double> values;
+        std::vector<ArrayType> types; } cases[] = {
         {lf("struct", "[1,2]", R"({"b":[3,4],"a":[1,2]})"), {1, 2}, {"a", "b"}, {1, 2, 3, 4}, {}},
         {lf("struct", "[2,1]", R"({"a":[1,2,3],"b":[4]})"), {2, 1}, {"a", "b"}, {1, 2, 3, 4}, {}},
-        {lf("struct", "[2,1]", "{}"), {2, 1}, {}, {}, {}},
+        {lf("struct", "[2,1]", "{}"), {2, 1}, {}, {}, {}}, {"{}", {1, 1}, {}, {}, {}},
         {lf("struct", "[0,1]", R"({"a":[]})"), {0, 1}, {"a"}, {}, {}},
         {lf("struct", "[0,0]", R"({"a":[],"b":5})"), {0, 0}, {"a", "b"}, {}, {}},
-        {"{}", {1, 1}, {}, {}, {}},
-        {R"({"b":"x","a":1,"c":[true]})", {1, 1}, {"a", "b", "c"}, {}, {ArrayType::DOUBLE, ArrayType::CHAR, ArrayType::LOGICAL}},
-        {R"({"zqdata":5})", {1, 1}, {"zqdata"}, {}, {ArrayType::DOUBLE}},
-        {R"({"zqdata":"nan"})", {1, 1}, {"zqdata"}, {}, {ArrayType::CHAR}},
-        {R"({"zqdata":"Inf","zqsize":[1,1]})", {1, 1}, {"zqdata", "zqsize"}, {}, {ArrayType::CHAR, ArrayType::DOUBLE}},
-        {R"({"zqtype":"double","zqdata":[1]})", {1, 1}, {"zqdata", "zqtype"}, {}, {ArrayType::DOUBLE, ArrayType::CHAR}},
-        {R"({"zqtype":"double","zqsize":[1,1]})", {1, 1}, {"zqsize", "zqtype"}, {}, {ArrayType::DOUBLE, ArrayType::CHAR}},
-        {R"({"s":{"t":1}})", {1, 1}, {"s"}, {}, {ArrayType::STRUCT}},
+        {R"({"b":"x","a":1,"c":[true]})", {1, 1}, {"a", "b", "c"}, {}, {DOUBLE, CHAR, LOGICAL}},
+        {R"({"zqdata":5})", {1, 1}, {"zqdata"}, {}, {DOUBLE}},
+        {R"({"zqdata":"nan"})", {1, 1}, {"zqdata"}, {}, {CHAR}},
+        {R"({"s":{"t":1}})", {1, 1}, {"s"}, {}, {STRUCT}},
+        {R"({"zqdata":"Inf","zqsize":[1,1]})", {1, 1}, {"zqdata", "zqsize"}, {}, {CHAR, DOUBLE}},
+        {R"({"zqtype":"double","zqdata":[1]})", {1, 1}, {"zqdata", "zqtype"}, {}, {DOUBLE, CHAR}},
+        {R"({"zqtype":"double","zqsize":[1,1]})", {1, 1}, {"zqsize", "zqtype"}, {}, {DOUBLE, CHAR}},
     };
     for (auto const& c : cases) {
         SCOPED_TRACE(c.json);
         zd::Array const array = read(c.json);
-        ASSERT_EQ(array.getType(), ArrayType::STRUCT);
+        ASSERT_EQ(array.getType(), STRUCT);
         EXPECT_EQ(array.getDimensions(), c.dims);
         ASSERT_EQ(field_names(array), c.fields);
         std::vector<double> values;
@@ -89,19 +83,21 @@ TEST(StructReader, ValuesAndEntriesAreDocuments)
     ASSERT_EQ(field_names(field(array, "b")), (Names {"c"}));
     EXPECT_EQ(as<bool>(field(field(array, "b"), "c")), (std::vector<double> {1}));
 
-    zd::Array const cell = read(lf("cell", "[2,2]", R"([1,"ab",[true,false],)" + lf("cell", "[1,1]", "[" + lf("int8", "[1,1]", "[3]") + "]") + "]"));
-    ASSERT_EQ(cell.getType(), ArrayType::CELL);
+    std::string const inner = lf("cell", "[1,1]", "[" + lf("int8", "[1,1]", "[3]") + "]");
+    zd::Array const cell = read(lf("cell", "[2,2]", R"([1,"ab",[true,false],)" + inner + "]"));
+    ASSERT_EQ(cell.getType(), CELL);
     EXPECT_EQ(cell.getDimensions(), (Dims {2, 2}));
     EXPECT_EQ(as<double>(entry(cell, 0)), (std::vector<double> {1}));
     EXPECT_EQ(as<char16_t>(entry(cell, 1)), (std::vector<double> {'a', 'b'}));
-    EXPECT_EQ(entry(cell, 2).getType(), ArrayType::LOGICAL);
+    EXPECT_EQ(entry(cell, 2).getType(), LOGICAL);
     EXPECT_EQ(entry(cell, 2).getDimensions(), (Dims {2, 1}));
-    ASSERT_EQ(entry(cell, 3).getType(), ArrayType::CELL);
+    ASSERT_EQ(entry(cell, 3).getType(), CELL);
     EXPECT_EQ(as<signed char>(entry(entry(cell, 3), 0)), (std::vector<double> {3}));
 
     for (Dims const& dims : {Dims {0, 0}, Dims {0, 5}, Dims {3, 0, 2}}) {
-        zd::Array const empty = read_tree(large_form("cell", std::vector<double>(dims.begin(), dims.end()), fj::Array {}));
-        EXPECT_EQ(empty.getType(), ArrayType::CELL);
+        std::vector<double> const size(dims.begin(), dims.end());
+        zd::Array const empty = read_tree(large_form("cell", size, fj::Array {}));
+        EXPECT_EQ(empty.getType(), CELL);
         EXPECT_EQ(empty.getDimensions(), dims);
     }
 }
@@ -110,11 +106,7 @@ TEST(StructReader, ValuesAndEntriesAreDocuments)
 // one is shown quoted.
 TEST(StringReader, ReadsPresentAndMissingElements)
 {
-    static const struct {
-        std::string json;
-        Dims dims;
-        std::vector<std::u16string> expected;
-    } cases[] = {
+    static const struct { std::string json; Dims dims; std::vector<std::u16string> expected; } cases[] = {
         {lf("string", "[2,2]", R"(["a",{"zqdata":"missing"},"","missing"])"), {2, 2},
             {u"\"a\"", u"(missing)", u"\"\"", u"\"missing\""}},
         {lf("string", "[1,1]", R"([{"x":1,"zqdata":"missing"}])"), {1, 1}, {u"(missing)"}},
@@ -124,14 +116,15 @@ TEST(StringReader, ReadsPresentAndMissingElements)
     for (auto const& c : cases) {
         SCOPED_TRACE(c.json);
         zd::Array const array = read(c.json);
-        ASSERT_EQ(array.getType(), ArrayType::STRING);
+        ASSERT_EQ(array.getType(), STRING);
         EXPECT_EQ(array.getDimensions(), c.dims);
         std::vector<std::u16string> elements;
         for (auto const element : zd::getReadOnlyElements<zorbal::data::optional<std::u16string>>(array))
             elements.push_back(element.value() ? u'"' + *element.value() + u'"' : u"(missing)");
         EXPECT_EQ(elements, c.expected);
     }
-    EXPECT_THROW(read_tree(large_form("string", {1, 1}, fj::Array {fj::Value("a\xFF")})), yx::i18n::CvtInvalidCharacter);
+    fj::Array const bad_bytes {fj::Value("a\xFF")};
+    EXPECT_THROW(read_tree(large_form("string", {1, 1}, bad_bytes)), yx::i18n::CvtInvalidCharacter);
 }
 
 std::string const not_a_list = "invalid conversion: JSON number to JSON array";
@@ -143,16 +136,19 @@ std::string const null_refused = "JSON null not supported";
 static FailureCase const failures[] = {
     {"StructDataNotAnObject", lf("struct", "[1,1]", "[]"), fails_with<InvalidZQDataType>,
         R"(""struct arrays must be a JSON object)"},
-    {"FirstFieldCastBeforeTheArray", lf("struct", "[0,0]", R"({"a":5})"), fails_with<std::runtime_error>, not_a_list},
+    {"FirstFieldCastBeforeTheArray", lf("struct", "[0,0]", R"({"a":5})"), fails_with<std::runtime_error>,
+        not_a_list},
     {"LaterFieldCastWhenReached", lf("struct", "[1,1]", R"({"a":[1],"b":5})"), fails_with<std::runtime_error>,
         not_a_list},
     size_mismatch("EmptyFirstField", lf("struct", "[1,1]", R"({"a":[],"b":[1,2]})")),
     size_mismatch("EmptyLastField", lf("struct", "[1,1]", R"({"a":[1],"b":[]})")),
     size_mismatch("TooFewInTotal", lf("struct", "[2,1]", R"({"a":[1,2],"b":[3]})")),
     size_mismatch("TooManyInTotal", lf("struct", "[1,1]", R"({"a":[1],"b":[2,3]})")),
-    {"ValueBeforeCount", lf("struct", "[1,2]", R"({"a":[null]})"), fails_with<NullNotSupported>, null_refused},
+    {"ValueBeforeCount", lf("struct", "[1,2]", R"({"a":[null]})"), fails_with<NullNotSupported>,
+        null_refused},
     {"IllegalName", lf("struct", "[1,1]", R"({"a b":[1]})"), fails_with<InvalidFieldName>, anonymous_name},
-    {"IllegalNameWithoutElements", lf("struct", "[0,0]", R"({"_a":[]})"), fails_with<InvalidFieldName>, anonymous_name},
+    {"IllegalNameWithoutElements", lf("struct", "[0,0]", R"({"_a":[]})"), fails_with<InvalidFieldName>,
+        anonymous_name},
     {"PlainObjectBadName", R"({"1a":1})", fails_with<InvalidFieldName>, anonymous_name},
     {"PlainObjectNull", R"({"a":1,"b":null})", fails_with<NullNotSupported>, null_refused},
     size_mismatch("CellSurplusNeverConverted", lf("cell", "[2,2]", "[1,2,3,4,null]")),
@@ -160,14 +156,15 @@ static FailureCase const failures[] = {
     {"CellEntryBeforeCount", lf("cell", "[2,2]", "[1," + lf("x", "[1,1]", "5") + ",3]"),
         fails_with<InvalidPropertyType>, R"("zqdata" must be a JSON array)"},
     {"CellNullEntry", lf("cell", "[1,1]", "[null]"), fails_with<NullNotSupported>, null_refused},
-    {"CellScalarData", lf("cell", "[1,1]", "1"), fails_with<InvalidZQDataType>, R"(""cell arrays must be a JSON array)"},
+    {"CellScalarData", lf("cell", "[1,1]", "1"), fails_with<InvalidZQDataType>,
+        R"(""cell arrays must be a JSON array)"},
     {"StringNumberFailsAsObject", lf("string", "[1,2]", R"(["a",5])"), fails_with<std::runtime_error>,
         "invalid conversion: JSON number to JSON object"},
     {"StringObjectWithoutData", lf("string", "[1,1]", R"([{"x":"missing"}])"), fails_with<std::runtime_error>,
         "zqdata field not found"},
     {"StringDataNotAString", lf("string", "[1,1]", R"([{"zqdata":1}])"), fails_with<std::runtime_error>,
         "Expected a data inside special float objects to be a string"},
-    {"StringWordIsExact", lf("string", "[1,3]", R"([{"zqdata":"Missing"}])"), fails_with<InvalidStringElemType>,
+    {"StringWordExact", lf("string", "[1,3]", R"([{"zqdata":"Missing"}])"), fails_with<InvalidStringElemType>,
         R"(String array must contain JSON String, or {"zqdata":"missing"})"},
     size_mismatch("StringTooFew", lf("string", "[1,1]", "[]")),
     size_mismatch("StringSurplusNeverRead", lf("string", "[1,1]", R"(["a",5])")),
@@ -210,17 +207,15 @@ SparseContent sparse_as(zd::Array const& array)
 // Indices pass unchanged, and the factory sorts by column and adds up elements at one place.
 TEST(SparseReader, ReadsTheStoredElements)
 {
-    static const struct {
-        std::string json;
-        SparseContent (*content)(zd::Array const&);
-        Dims dims;
-        SparseContent expected;
-    } cases[] = {
-        {sp("double", "[3,3]", "[[2,0,0],[2,1,1],[5.5,1,2]]"), sparse_as<double>, {3, 3}, {{0, 2}, {1, 2}, {3, 5.5}}},
+    static const struct { std::string json; SparseContent (*content)(zd::Array const&); Dims dims;
+        SparseContent expected; } cases[] = {
+        {sp("double", "[3,3]", "[[2,0,0],[2,1,1],[5.5,1,2]]"), sparse_as<double>, {3, 3},
+            {{0, 2}, {1, 2}, {3, 5.5}}},
         {sp("double", "[3,3]", "[[1.9],[0.5],[1]]"), sparse_as<double>, {3, 3}, {{1}, {0}, {1}}},
         {sp("double", "[2,2]", "[[],[],[]]"), sparse_as<double>, {2, 2}, {}},
         {sp("single", "[1,1]", R"([[0],[0],["Inf"]])"), sparse_as<float>, {1, 1}, {{0}, {0}, {inf}}},
-        {sp("double", "[2,2]", "[[1],[0],[1,2,3]]", true), sparse_as<std::complex<double>>, {2, 2}, {{1}, {0}, {1, 2}}},
+        {sp("double", "[2,2]", "[[1],[0],[1,2,3]]", true), sparse_as<std::complex<double>>, {2, 2},
+            {{1}, {0}, {1, 2}}},
         // A complex single narrows without a range test.
         {sp("single", "[1,1]", R"([[0],[0],[1e39,"NaN"]])", true), sparse_as<std::complex<float>>, {1, 1},
             {{0}, {0}, {inf, signed_nan()}}},
@@ -239,10 +234,10 @@ TEST(SparseReader, ReadsTheStoredElements)
     }
 }
 
-std::string const wrong_lists
-    = R"(Sparse array expects a row array, column array, and an optional data array inside "zqdata". Unexpected data found)";
-std::string const not_lists
-    = R"(Attempt to cast to JSON Array failed. Expected JSON array of JSON arrays in "zqdata" for a sparse array)";
+std::string const wrong_lists = "Sparse array expects a row array, column array, and an optional data array "
+                                R"(inside "zqdata". Unexpected data found)";
+std::string const not_lists = "Attempt to cast to JSON Array failed. "
+                              R"(Expected JSON array of JSON arrays in "zqdata" for a sparse array)";
 std::string const lengths_differ
     = R"(Expected JSON array of JSON arrays to be of appropriate size in "zqdata" for a sparse array)";
 
@@ -254,15 +249,16 @@ std::string incompatible(std::string const& type)
 // An index error names double in every kind; the row of an element is read before its value.
 static FailureCase const sparse_failures[] = {
     {"DoubleTwoLists", sp("double", "[1,1]", "[[0],[0]]"), fails_with<InvalidSparseArray>, wrong_lists},
-    {"LogicalThreeLists", sp("logical", "[1,1]", "[[0],[0],[true]]"), fails_with<InvalidSparseArray>, wrong_lists},
+    {"LogicalThreeLists", sp("logical", "[1,1]", "[[0],[0],[true]]"), fails_with<InvalidSparseArray>,
+        wrong_lists},
     {"RealColumnsNotAList", sp("double", "[1,1]", "[[],5,6]"), fails_with<CannotCastToArray>, not_lists},
     {"RealRowsCastUnguarded", sp("double", "[1,1]", "[5,[],[]]"), fails_with<std::runtime_error>,
         "invalid conversion: JSON number to JSON array"},
     {"LogicalRowsNotAList", sp("logical", "[1,1]", "[5,[]]"), fails_with<CannotCastToArray>, not_lists},
     {"LengthsDiffer", sp("double", "[2,2]", "[[0],[0,1],[1]]"), fails_with<MismatchInRowColDataArraySize>,
         lengths_differ},
-    {"ComplexOneValue", sp("double", "[1,1]", "[[0],[0],[1]]", true), fails_with<MismatchInRowColDataArraySize>,
-        lengths_differ},
+    {"ComplexOneValue", sp("double", "[1,1]", "[[0],[0],[1]]", true),
+        fails_with<MismatchInRowColDataArraySize>, lengths_differ},
     {"RowBeforeValue", sp("single", "[1,1]", R"([["x"],[0],["y"]])"), fails_with<InvalidZQDataForSparse>,
         incompatible("double")},
     {"BadValue", sp("single", "[1,1]", R"([[0],[0],["y"]])"), fails_with<InvalidZQDataForSparse>,
@@ -278,8 +274,9 @@ TEST(SparseReader, IndicesJudged)
 {
     fj::Array const lists {fj::Value(fj::Array {fj::Value(0ULL)}), fj::Value(fj::Array {fj::Value(0.0)}),
         fj::Value(fj::Array {fj::Value(1.0)})};
-    EXPECT_THROW_WHAT(read_tree(large_form("double", {1, 1}, lists, fj::Object {{"zqsparse", fj::Value(true)}})),
-        zj::InvalidZQDataForSparse, incompatible("double"));
+    fj::Object const sparse {{"zqsparse", fj::Value(true)}};
+    EXPECT_THROW_WHAT(read_tree(large_form("double", {1, 1}, lists, sparse)), zj::InvalidZQDataForSparse,
+        incompatible("double"));
     EXPECT_THROW(read(sp("double", "[2,2]", "[[2],[0],[1]]")), zd::EIndexOutOfRange);
     EXPECT_THROW(read(sp("logical", "[2,2]", "[[-3],[0]]")), zd::EIndexOutOfRange);
 }

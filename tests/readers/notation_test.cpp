@@ -8,10 +8,9 @@
 #include <foundation/zorbaldata/exceptions.hpp>
 
 #include <boost/exception/get_error_info.hpp>
+#include <foundation/json/serialize.hpp>
 
 #include <stdexcept>
-#include <string>
-#include <utility>
 
 namespace {
 
@@ -19,8 +18,7 @@ using namespace zq::test;
 
 // The outermost JSON array is the first dimension, and the first dimension runs fastest in storage.
 static ArrayCase const arrays[] = {
-    {"Empty", "[]", as<double>, {0, 0}, {}},
-    {"OneNumber", "[7]", as<double>, {1, 1}, {7}},
+    {"Empty", "[]", as<double>, {0, 0}, {}}, {"OneNumber", "[7]", as<double>, {1, 1}, {7}},
     {"FlatIsAColumn", "[1,2,3]", as<double>, {3, 1}, {1, 2, 3}},
     {"OneRow", "[[1,2,3]]", as<double>, {1, 3}, {1, 2, 3}},
     {"MatrixRowsAreOuter", "[[1,2,3],[4,5,6]]", as<double>, {2, 3}, {1, 4, 2, 5, 3, 6}},
@@ -40,8 +38,8 @@ static ArrayCase const arrays[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Notation, ReadsArray, ::testing::ValuesIn(arrays), row_name<ArrayCase>);
 
-std::string const bad_element
-    = R"(Array in small notation must contain JSON numbers, JSON booleans, or {"zqdata":"NaN"}, {"zqdata":"Inf"}, or {"zqdata":"-Inf"})";
+std::string const bad_element = "Array in small notation must contain JSON numbers, JSON booleans, or "
+                                R"({"zqdata":"NaN"}, {"zqdata":"Inf"}, or {"zqdata":"-Inf"})";
 std::string const depths = "Nested arrays in small notation does not have consistent depths";
 std::string const sizes = "Nested arrays in small notation does not have consistent sizes";
 std::string const bad_size = R"("zqsize" must be an array of 2 or more positive integers)";
@@ -67,9 +65,11 @@ static FailureCase const failures[] = {
     {"LogicalThenDouble", "[true,1]", fails_with<ArrayInconsistentTypes>, both("logical", "double")},
     {"DoubleThenString", R"([1,"x"])", fails_with<ArrayInconsistentTypes>, both("double", "char")},
     {"DoubleThenNull", "[1,null]", fails_with<ArrayInconsistentTypes>, both("double", "undefined")},
-    {"DoubleThenBadSpecial", R"([1,{"zqdata":"x"}])", fails_with<ArrayInconsistentTypes>, both("double", "object")},
+    {"DoubleThenBadSpecial", R"([1,{"zqdata":"x"}])", fails_with<ArrayInconsistentTypes>,
+        both("double", "object")},
     {"DoubleThenPlainNaN", R"([1,"NaN"])", fails_with<ArrayInconsistentTypes>, both("double", "char")},
-    {"LogicalThenSpecial", R"([true,{"zqdata":"Inf"}])", fails_with<ArrayInconsistentTypes>, both("logical", "object")},
+    {"LogicalThenSpecial", R"([true,{"zqdata":"Inf"}])", fails_with<ArrayInconsistentTypes>,
+        both("logical", "object")},
     {"StorageOrderNotTextOrder", R"([[1,"x"],[true,2]])", fails_with<ArrayInconsistentTypes>,
         both("double", "logical")},
     {"PlainNaNFirst", R"(["NaN"])", fails_with<InvalidArrayElemType>, bad_element},
@@ -101,13 +101,15 @@ INSTANTIATE_TEST_SUITE_P(Notation, FailsFirst, ::testing::ValuesIn(failures), ro
 // build; the alternatives are no elements.
 TEST(Notation, FaultsThatOnlyTreesCarry)
 {
-    EXPECT_THROW_WHAT(read_tree(fj::Value(fj::Array {fj::Value(1LL)})), zj::InvalidArrayElemType, bad_element);
-    for (auto const& [second, name] : {std::pair {fj::Value(2LL), "int64"}, std::pair {fj::Value(2ULL), "uint64"},
-             std::pair {fj::Value(2.0f), "single"}})
-        EXPECT_THROW_WHAT(read_tree(fj::Value(fj::Array {fj::Value(1.0), second})), zj::ArrayInconsistentTypes,
-            both("double", name));
-    for (double extent : {std::numeric_limits<double>::quiet_NaN(), inf})
-        EXPECT_THROW_WHAT(read_tree(large_form("double", {extent, 1}, fj::Array {})), zj::InvalidZQSize, bad_size);
+    using V = fj::Value;
+    EXPECT_THROW_WHAT(read_tree(V(fj::Array {V(1LL)})), zj::InvalidArrayElemType, bad_element);
+    std::pair<V, char const*> const seconds[] = {{V(2LL), "int64"}, {V(2ULL), "uint64"}, {V(2.0f), "single"}};
+    for (auto const& [second, name] : seconds) {
+        V const tree(fj::Array {V(1.0), second});
+        EXPECT_THROW_WHAT(read_tree(tree), ArrayInconsistentTypes, both("double", name));
+    }
+    for (double x : {std::numeric_limits<double>::quiet_NaN(), inf})
+        EXPECT_THROW_WHAT(read_tree(large_form("double", {x, 1}, fj::Array {})), InvalidZQSize, bad_size);
 }
 
 // The product of the dimensions is the factory's to refuse, at once and before any element is read.
@@ -130,86 +132,83 @@ struct AnyKind {
 TEST(Notation, DispatchGuardsTheEnumeration)
 {
     auto const invalid = static_cast<zj::detail::ZorbalType>(18);
-    EXPECT_THROW_WHAT(zj::detail::dispatch_on_ZorbalType(invalid, AnyKind()), boost::wrapexcept<std::runtime_error>,
-        "invalid ZorbalType");
+    using Thrown = boost::wrapexcept<std::runtime_error>;
+    EXPECT_THROW_WHAT(zj::detail::dispatch_on_ZorbalType(invalid, AnyKind()), Thrown, "invalid ZorbalType");
     try {
         zj::detail::dispatch_on_ZorbalType(invalid, AnyKind());
-    } catch (boost::wrapexcept<std::runtime_error> const& e) {
+    } catch (Thrown const& e) {
         char const* const* const file = boost::get_error_info<boost::throw_file>(e);
         char const* const* const function = boost::get_error_info<boost::throw_function>(e);
-        EXPECT_EQ(std::string(file ? *file : ""), "foundation/zorbaljson/frontend/export/include/frontend/detail/types");
+        std::string const types = "foundation/zorbaljson/frontend/export/include/frontend/detail/types";
+        EXPECT_EQ(std::string(file ? *file : ""), types);
         EXPECT_EQ(std::string(function ? *function : ""), "dispatch_on_ZorbalType");
     }
 }
+
+char const* const mixed_class = "zorbal.mixin.Heterogeneous";
 
 // How deep a tree the readers take: every document of the text reader, and no deeper tree of a caller.
 std::string const too_deep = "JSON nested deeper than 1000 levels cannot be read";
 
 // The one-element list of value; moved, as a braced list would copy the whole tree below it.
-fj::Array list_of(fj::Value value)
+fj::Value list_of(fj::Value value)
 {
     fj::Array list;
     list.push_back(std::move(value));
-    return list;
+    return fj::Value(std::move(list));
 }
 
-// The object of one property p holding value.
-fj::Object object_of(fj::Value value)
+// The object of a property p holding value, and of a class name when type is given.
+fj::Value object_of(fj::Value value, char const* type = nullptr)
 {
     fj::Object object;
+    if (type)
+        object.emplace("zqtype", fj::Value(type));
     object.emplace("p", std::move(value));
-    return object;
+    return fj::Value(std::move(object));
 }
 
-// value inside levels JSON arrays, or inside levels 1-by-1 large forms of type whose data are the one-element
-// list of the level below (a cell), or that level's object of one property p (an object of class type).
-fj::Value nested(std::size_t levels, char const* type = nullptr, bool listed = true, fj::Value value = fj::Value(1.0))
+// A 1-by-1 large form of type whose data are the one-element list of value, or value itself.
+fj::Value form(char const* type, fj::Value value, bool listed = true)
 {
-    for (std::size_t i = 0; i < levels; ++i) {
-        if (!type)
-            value = fj::Value(list_of(std::move(value)));
-        else if (listed)
-            value = large_form(type, {1, 1}, list_of(std::move(value)));
-        else
-            value = large_form(type, {1, 1}, object_of(std::move(value)));
-    }
+    return large_form(type, {1, 1}, listed ? list_of(std::move(value)) : std::move(value));
+}
+
+// value inside levels JSON arrays.
+fj::Value nested(std::size_t levels, fj::Value value = fj::Value(1.0))
+{
+    for (std::size_t i = 0; i < levels; ++i)
+        value = list_of(std::move(value));
     return value;
 }
 
-TEST(NestingDepth, ReadsTheDeepestDocumentOfTheTextReader)
+// Each form around arrays nested as deep as the limit lets it, and one array more. A large form's object
+// is one level, and its list one more, as is a single object's object; a struct's object of fields and a
+// field's list are two, as are an object list and an element's object. Objects skip a property they
+// cannot read and try a list when an object fails, but depth is no such failure: it is refused, not cut
+// off. The text a tree at the limit makes is read by both roads.
+TEST(NestingDepth, EveryFormReadsToTheLimitAndRefusesOneLevelMore)
 {
-    EXPECT_EQ(read(std::string(1000, '[') + "1" + std::string(1000, ']')).getDimensions(), Dims(1000, 1));
-    std::string cells = "1";
-    for (int i = 0; i < 500; ++i)
-        cells = lf("cell", "[1,1]", "[" + cells + "]");
-    EXPECT_EQ(read(cells).getType(), zd::ArrayType::CELL);
-    std::string objects = "1";
-    for (int i = 0; i < 1000; ++i)
-        objects = R"({"a":)" + objects + "}";
-    EXPECT_EQ(read(objects).getType(), zd::ArrayType::STRUCT);
+    static const struct { fj::Value (*wrap)(fj::Value); std::size_t levels; } forms[] = {
+        {[](fj::Value v) { return v; }, 1000}, {[](fj::Value v) { return object_of(std::move(v)); }, 999},
+        {[](fj::Value v) { return form("cell", std::move(v)); }, 998},
+        {[](fj::Value v) { return form("struct", object_of(list_of(std::move(v))), false); }, 997},
+        {[](fj::Value v) { return form("pkg.Cls", object_of(std::move(v)), false); }, 998},
+        {[](fj::Value v) { return form("pkg.Cls", object_of(std::move(v))); }, 997},
+        {[](fj::Value v) { return form(mixed_class, object_of(std::move(v), "pkg.A")); }, 997},
+    };
+    for (auto const& f : forms) {
+        SCOPED_TRACE(&f - forms);
+        EXPECT_NO_THROW(read(fj::serialize(f.wrap(nested(f.levels)))));
+        EXPECT_THROW_WHAT(read_tree(f.wrap(nested(f.levels + 1))), NestingTooDeep, too_deep);
+    }
+    // Far deeper than any stack could recurse, refused at the limit too.
+    EXPECT_THROW_WHAT(read_tree(nested(200000)), NestingTooDeep, too_deep);
     // Each entry leaves the levels it entered, so siblings do not add up.
     fj::Array entries;
     for (int i = 0; i < 3; ++i)
         entries.push_back(nested(998));
     EXPECT_EQ(read_tree(large_form("cell", {1, 3}, std::move(entries))).getDimensions(), (Dims {1, 3}));
-}
-
-// A cell is two levels, its object and its list, as are a struct's object of fields and a field's list.
-// Objects skip a property they cannot read and try a list when an object fails, but depth is no such
-// failure: a deep tree below a single object or a list of objects is refused, not cut off. Far deeper
-// than any stack could recurse, trees are refused at the limit too.
-TEST(NestingDepth, RefusesOneLevelMore)
-{
-    fj::Object fields;
-    fields.emplace("a", list_of(nested(998)));
-    fj::Value element(1.0);
-    for (int i = 0; i < 400; ++i)
-        element = large_form("pkg.Cls", {1, 1}, list_of(fj::Value(object_of(std::move(element)))));
-    fj::Value const trees[] = {nested(1001), nested(501, "cell"), large_form("cell", {1, 1}, list_of(nested(999))),
-        large_form("struct", {1, 1}, std::move(fields)), nested(600, "pkg.Cls", false), std::move(element),
-        nested(200000), nested(100000, "cell")};
-    for (fj::Value const& tree : trees)
-        EXPECT_THROW_WHAT(read_tree(tree), NestingTooDeep, too_deep) << &tree - trees;
 }
 
 } // namespace

@@ -8,20 +8,20 @@
 #include <yx/i18n/cvt_exception.hpp>
 
 #include <bit>
+
 #include <complex>
 #include <cstdint>
 #include <cstdio>
 #include <stdexcept>
-#include <string>
-#include <type_traits>
 #include <typeinfo>
-#include <utility>
-#include <vector>
 
 namespace {
 
 using namespace zq::test;
 using cdouble = std::complex<double>;
+using V = fj::Value;
+
+char const* const zqcomplex = R"(,"zqcomplex":true)";
 
 // zqdata lists elements in storage order, the first dimension fastest, complex ones as pairs.
 static ArrayCase const arrays[] = {
@@ -33,26 +33,23 @@ static ArrayCase const arrays[] = {
     {"Int8", lf("int8", "[1,2]", "[-128,127]"), as<signed char>, {1, 2}, {-128, 127}},
     {"UInt8", lf("uint8", "[1,2]", "[0,255]"), as<unsigned char>, {1, 2}, {0, 255}},
     {"Int16", lf("int16", "[2,1]", "[-32768,32767]"), as<short>, {2, 1}, {-32768, 32767}},
-    {"Int32", lf("int32", "[1,2]", "[-2147483648,2147483647]"), as<int>, {1, 2},
-        {-2147483648.0, 2147483647}},
+    {"Int32", lf("int32", "[1,2]", "[-2147483648,2147483647]"), as<int>, {1, 2}, {-2147483648.0, 2147483647}},
     {"UInt32", lf("uint32", "[1,1]", "[4294967295]"), as<unsigned int>, {1, 1}, {4294967295.0}},
-    {"Int64", lf("int64", "[1,2]", "[-5,6]"), as<long long>, {1, 2}, {-5, 6}},
-    {"UInt64", lf("uint64", "[1,1]", "[7]"), as<unsigned long long>, {1, 1}, {7}},
     {"Empty", lf("double", "[0,3]", "[]"), as<double>, {0, 3}, {}},
     {"ComplexFalseIsReal", lf("int32", "[1,1]", "[3]", R"(,"zqcomplex":false)"), as<int>, {1, 1}, {3}},
-    {"ComplexDouble", lf("double", "[1,2]", "[1,2,3,4]", R"(,"zqcomplex":true)"), as<cdouble>, {1, 2},
-        {1, 2, 3, 4}},
-    {"ComplexSingleObjects", lf("single", "[1,1]", R"([{"zqdata":"NaN"},{"zqdata":"Inf"}])", R"(,"zqcomplex":true)"),
+    {"ComplexDouble", lf("double", "[1,2]", "[1,2,3,4]", zqcomplex), as<cdouble>, {1, 2}, {1, 2, 3, 4}},
+    {"ComplexSingleObjects", lf("single", "[1,1]", R"([{"zqdata":"NaN"},{"zqdata":"Inf"}])", zqcomplex),
         as<std::complex<float>>, {1, 1}, {signed_nan(), inf}},
-    {"ComplexInt16", lf("int16", "[2,1]", "[1,-2,-32768,32767]", R"(,"zqcomplex":true)"),
+    {"ComplexInt16", lf("int16", "[2,1]", "[1,-2,-32768,32767]", zqcomplex),
         as<std::complex<short>>, {2, 1}, {1, -2, -32768, 32767}},
-    {"ComplexUInt64", lf("uint64", "[1,1]", "[0,9]", R"(,"zqcomplex":true)"),
+    {"ComplexUInt64", lf("uint64", "[1,1]", "[0,9]", zqcomplex),
         as<std::complex<unsigned long long>>, {1, 1}, {0, 9}},
     {"LogicalRow", lf("logical", "[1,2]", "[true,false]"), as<bool>, {1, 2}, {1, 0}},
     {"LogicalStorageOrder", lf("logical", "[2,2]", "[true,false,false,true]"), as<bool>, {2, 2},
         {1, 0, 0, 1}},
     {"LogicalEmpty", lf("logical", "[0,0]", "[]"), as<bool>, {0, 0}, {}},
-    {"LogicalComplexNotRead", lf("logical", "[1,1]", "[true]", R"(,"zqcomplex":"no")"), as<bool>, {1, 1}, {1}},
+    {"LogicalComplexNotRead", lf("logical", "[1,1]", "[true]", R"(,"zqcomplex":"no")"), as<bool>, {1, 1},
+        {1}},
     // A char array is one string of UTF-16 code units shaped by the size alone.
     {"CharRow", lf("char", "[1,3]", R"(["abc"])"), as<char16_t>, {1, 3}, {'a', 'b', 'c'}},
     {"CharRowsInStorageOrder", lf("char", "[2,3]", R"(["adbecf"])"), as<char16_t>, {2, 3},
@@ -75,7 +72,8 @@ std::string const sparse_flag = R"("zqsparse" must be a JSON boolean)";
 
 std::string sparse_refused(char const* word)
 {
-    return std::string(R"(Invalid "zqtype" value: )") + word + R"( in sparse array. Expected "double" or "logical" types)";
+    return std::string(R"(Invalid "zqtype" value: )") + word
+        + R"( in sparse array. Expected "double" or "logical" types)";
 }
 
 // The list first, then the flags, then the elements in storage order, and the count last; surplus
@@ -84,25 +82,25 @@ static FailureCase const failures[] = {
     {"ScalarData", lf("double", "[1,1]", "5"), fails_with<InvalidZQDataType>, not_double_list},
     size_mismatch("TooFew", lf("double", "[2,2]", "[1,2,3]")),
     size_mismatch("TooMany", lf("double", "[2,2]", "[1,2,3,4,5]")),
-    {"BadElementBeforeCount", lf("double", "[2,2]", R"([1,2,3,"x"])"), fails_with<InvalidFloatingElem>, bad_double},
+    {"BadElementBeforeCount", lf("double", "[2,2]", R"([1,2,3,"x"])"), fails_with<InvalidFloatingElem>,
+        bad_double},
     size_mismatch("SurplusNeverConverted", lf("double", "[2,2]", R"([1,2,3,4,"x"])")),
     {"FirstBadElementNamed", lf("int16", "[1,3]", "[1,40000,2]"), fails_with<InvalidIntegralElem>,
         "Invalid value for type int16. Expected an integral number"},
-    {"ComplexOddOne", lf("double", "[1,1]", "[1]", R"(,"zqcomplex":true)"), fails_with<IncompleteComplexData>,
-        incomplete},
-    size_mismatch("ComplexNone", lf("double", "[1,1]", "[]", R"(,"zqcomplex":true)")),
-    {"ComplexOddShort", lf("double", "[2,1]", "[1,2,3]", R"(,"zqcomplex":true)"),
+    {"ComplexOddOne", lf("double", "[1,1]", "[1]", zqcomplex), fails_with<IncompleteComplexData>, incomplete},
+    size_mismatch("ComplexNone", lf("double", "[1,1]", "[]", zqcomplex)),
+    {"ComplexOddShort", lf("double", "[2,1]", "[1,2,3]", zqcomplex),
         fails_with<IncompleteComplexData>, incomplete},
-    {"ComplexRefusesPlainNaN", lf("double", "[1,1]", R"(["NaN",0])", R"(,"zqcomplex":true)"),
+    {"ComplexRefusesPlainNaN", lf("double", "[1,1]", R"(["NaN",0])", zqcomplex),
         fails_with<InvalidFloatingElem>, bad_double},
-    {"ComplexSingleRange", lf("single", "[1,1]", "[0,1e39]", R"(,"zqcomplex":true)"),
+    {"ComplexSingleRange", lf("single", "[1,1]", "[0,1e39]", zqcomplex),
         fails_with<InvalidFloatingElem>, "Invalid value for type single" + floating_choices},
-    {"ComplexIntegerRange", lf("int8", "[1,1]", "[1,128]", R"(,"zqcomplex":true)"),
+    {"ComplexIntegerRange", lf("int8", "[1,1]", "[1,128]", zqcomplex),
         fails_with<InvalidIntegralElem>, int8_range},
     {"ComplexNotABoolean", lf("double", "[1,1]", "[1]", R"(,"zqcomplex":1)"), fails_with<InvalidPropertyType>,
         complex_flag},
-    {"SparseNotABoolean", lf("double", "[1,1]", "[1]", R"(,"zqsparse":"yes")"), fails_with<InvalidPropertyType>,
-        sparse_flag},
+    {"SparseNotABoolean", lf("double", "[1,1]", "[1]", R"(,"zqsparse":"yes")"),
+        fails_with<InvalidPropertyType>, sparse_flag},
     {"BothFlagsRead", lf("double", "[1,1]", "[1]", R"(,"zqcomplex":false,"zqsparse":1)"),
         fails_with<InvalidPropertyType>, sparse_flag},
     {"ListBeforeFlags", lf("double", "[1,1]", "5", R"(,"zqcomplex":1)"), fails_with<InvalidZQDataType>,
@@ -143,7 +141,8 @@ TEST(NumericReader, KeepsEveryDigitOfSixtyFourBitIntegers)
         read(lf("int64", "[1,2]", "[-9223372036854775808,9223372036854775807]")));
     EXPECT_EQ(signed_array[0], std::numeric_limits<long long>::min());
     EXPECT_EQ(signed_array[1], std::numeric_limits<long long>::max());
-    zd::TypedArray<unsigned long long> const unsigned_array(read(lf("uint64", "[1,1]", "[18446744073709551615]")));
+    zd::TypedArray<unsigned long long> const unsigned_array(
+        read(lf("uint64", "[1,1]", "[18446744073709551615]")));
     EXPECT_EQ(unsigned_array[0], std::numeric_limits<unsigned long long>::max());
 }
 
@@ -156,27 +155,29 @@ TEST(NumericReader, FaultsThatOnlyTreesCarry)
         R"(""int8 arrays must be a JSON array)");
     EXPECT_THROW_WHAT(read_tree(large_form("uint16", {1, 1}, fj::Array {fj::Value("x")}, sparse)),
         zj::InvalidZQTypeForSparse, sparse_refused("t"));
-    EXPECT_THROW_WHAT(read_tree(large_form("uint8", {1, 1}, fj::Array {fj::Value(1LL)})), zj::InvalidIntegralElem,
+    EXPECT_THROW_WHAT(read_tree(large_form("uint8", {1, 1}, fj::Array {fj::Value(1LL)})), InvalidIntegralElem,
         "Invalid value for type uint8. Expected an integral number");
-    EXPECT_THROW_WHAT(read_tree(large_form("int32", {1, 1}, fj::Array {fj::Value(1.0)})), zj::InvalidIntegralElem,
+    EXPECT_THROW_WHAT(read_tree(large_form("int32", {1, 1}, fj::Array {fj::Value(1.0)})), InvalidIntegralElem,
         "Invalid value for type int32. Expected an integral number");
-    EXPECT_THROW(read_tree(large_form("char", {1, 9}, fj::Array {fj::Value("ab\xFF")})), yx::i18n::CvtInvalidCharacter);
+    fj::Array const bad_bytes {fj::Value("ab\xFF")};
+    EXPECT_THROW(read_tree(large_form("char", {1, 9}, bad_bytes)), yx::i18n::CvtInvalidCharacter);
 }
 
 // The cast of the list is the one failure that is logged, once, with the cast's own message; a cell adds
 // no line of its own to its entry's.
 TEST(NumericReader, LogsTheCastOfTheListOnly)
 {
+    using Lines = std::vector<std::string>;
     LogCapture log;
     std::string const line = "Caught std::runtime_error while casting data: invalid conversion: JSON ";
     EXPECT_THROW(read(lf("double", "[1,1]", "5")), zj::InvalidZQDataType);
-    EXPECT_EQ(log.lines(), std::vector<std::string> {line + "number to JSON array"});
+    EXPECT_EQ(log.lines(), Lines {line + "number to JSON array"});
     EXPECT_THROW(read(lf("double", "[1,1]", R"(["x"])", R"(,"zqcomplex":1)")), zj::InvalidPropertyType);
     EXPECT_THROW(read(lf("double", "[2,1]", R"(["x"])")), zj::InvalidFloatingElem);
     EXPECT_EQ(log.lines().size(), 1u);
-    EXPECT_THROW_WHAT(read(lf("cell", "[1,1]", "[" + lf("single", "[1,1]", "{}") + "]")), zj::InvalidZQDataType,
+    EXPECT_THROW_WHAT(read(lf("cell", "[1,1]", "[" + lf("single", "[1,1]", "{}") + "]")), InvalidZQDataType,
         R"(""single arrays must be a JSON array)");
-    EXPECT_EQ(log.lines(), (std::vector<std::string> {line + "number to JSON array", line + "object to JSON array"}));
+    EXPECT_EQ(log.lines(), (Lines {line + "number to JSON array", line + "object to JSON array"}));
 }
 
 // "zqhandle" does not make an enumeration a handle array: a first entry that is a string decides.
@@ -200,13 +201,14 @@ TEST(EnumReader, ReadsClassAndMembersInStorageOrder)
 template <typename T>
 std::string converted(fj::Value const& value)
 {
-    using Failure = std::conditional_t<std::is_floating_point_v<T>, zj::InvalidFloatingElem, zj::InvalidIntegralElem>;
+    using Failure = std::conditional_t<std::is_floating_point_v<T>, InvalidFloatingElem, InvalidIntegralElem>;
     try {
         T const element = zj::detail::json2num<T, true, 0>(value);
         if constexpr (std::is_floating_point_v<T>) {
             using Bits = std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>;
             char text[24];
-            std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(std::bit_cast<Bits>(element)));
+            unsigned long long const bits = std::bit_cast<Bits>(element);
+            std::snprintf(text, sizeof text, "0x%llX", bits);
             return text;
         } else {
             return std::to_string(element);
@@ -236,37 +238,28 @@ std::string floating(char const* type)
 // names the element type.
 TEST(Json2Num, ConvertsOrRefuses)
 {
-    fj::Value const nan_object = object("zqdata", fj::Value("NaN"));
-    const struct {
-        fj::Value input;
-        std::string (*convert)(fj::Value const&);
-        std::string expected;
-    } cases[] = {
-        {fj::Value(fj::Object {{"other", fj::Value(1.0)}, {"zqdata", fj::Value("NaN")}}), converted<double>,
-            "0xFFF8000000000000"},
-        {fj::Value(3.4028234663852886e38), converted<float>, "0x7F7FFFFF"},
-        {fj::Value(-3.4028234663852886e38), converted<float>, "0xFF7FFFFF"},
-        {nan_object, converted<float>, "0xFFC00000"},
-        {fj::Value("Inf"), converted<float>, "0x7F800000"},
-        {fj::Value(std::numeric_limits<double>::quiet_NaN()), converted<float>, "0x7FC00000"},
-        {fj::Value(128LL), converted<signed char>, integral("int8")},
-        {fj::Value(-129LL), converted<signed char>, integral("int8")},
-        {fj::Value(1ULL), converted<signed char>, integral("int8")},
-        {fj::Value(1.0), converted<signed char>, integral("int8")},
-        {fj::Value(256ULL), converted<unsigned char>, integral("uint8")},
-        {fj::Value(1LL), converted<unsigned char>, integral("uint8")},
-        {fj::Value(1ULL), converted<long long>, integral("int64")},
-        {fj::Value(1LL), converted<unsigned long long>, integral("uint64")},
-        {fj::Value(1e39), converted<float>, floating("single")},
-        {fj::Value(1.0f), converted<float>, floating("single")},
-        {object("zqdata", fj::Value(1.0)), converted<float>, floating("single")},
-        {fj::Value("nan"), converted<double>, floating("double")},
-        {fj::Value("+Inf"), converted<double>, floating("double")},
-        {fj::Value(true), converted<double>, floating("double")},
-        {fj::Value(1LL), converted<double>, floating("double")},
-        {fj::Value(1.0f), converted<double>, floating("double")},
-        {fj::Value(fj::Object {}), converted<double>, floating("double")},
-        {object("zqdata", fj::Value(1.0)), converted<double>, floating("double")},
+    V const nan_object = object("zqdata", V("NaN"));
+    const struct { V input; std::string (*convert)(fj::Value const&); std::string expected; } cases[] = {
+        {V(fj::Object {{"other", V(1.0)}, {"zqdata", V("NaN")}}), converted<double>, "0xFFF8000000000000"},
+        {V(3.4028234663852886e38), converted<float>, "0x7F7FFFFF"},
+        {V(-3.4028234663852886e38), converted<float>, "0xFF7FFFFF"},
+        {nan_object, converted<float>, "0xFFC00000"}, {V("Inf"), converted<float>, "0x7F800000"},
+        {V(std::numeric_limits<double>::quiet_NaN()), converted<float>, "0x7FC00000"},
+        {V(128LL), converted<signed char>, integral("int8")},
+        {V(-129LL), converted<signed char>, integral("int8")},
+        {V(1ULL), converted<signed char>, integral("int8")},
+        {V(1.0), converted<signed char>, integral("int8")},
+        {V(256ULL), converted<unsigned char>, integral("uint8")},
+        {V(1LL), converted<unsigned char>, integral("uint8")},
+        {V(1ULL), converted<long long>, integral("int64")},
+        {V(1LL), converted<unsigned long long>, integral("uint64")},
+        {V(1e39), converted<float>, floating("single")}, {V(1.0f), converted<float>, floating("single")},
+        {object("zqdata", V(1.0)), converted<float>, floating("single")},
+        {V("nan"), converted<double>, floating("double")}, {V("+Inf"), converted<double>, floating("double")},
+        {V(true), converted<double>, floating("double")}, {V(1LL), converted<double>, floating("double")},
+        {V(1.0f), converted<double>, floating("double")},
+        {V(fj::Object {}), converted<double>, floating("double")},
+        {object("zqdata", V(1.0)), converted<double>, floating("double")},
     };
     for (auto const& c : cases)
         EXPECT_EQ(c.convert(c.input), c.expected) << &c - cases;

@@ -1,19 +1,11 @@
 // What the reader tests share.
 #include "reader_support.hpp"
 
-#include "reading_paths.hpp"
-
 #include <foundation/zorbaldata/json/json_to_zorbaldata.hpp>
 
 #include <bit>
-#include <utility>
 
 namespace zq::test {
-
-zd::Array read(std::string const& json)
-{
-    return read_both_ways(json);
-}
 
 zd::Array read_tree(fj::Value const& value)
 {
@@ -23,15 +15,15 @@ zd::Array read_tree(fj::Value const& value)
 
 std::string lf(char const* type, char const* size, std::string const& data, char const* more)
 {
-    return std::string(R"({"zqtype":")") + type + R"(","zqsize":)" + size + more + R"(,"zqdata":)" + data + "}";
+    return std::string(R"({"zqtype":")") + type + R"(","zqsize":)" + size + more + R"(,"zqdata":)" + data
+        + "}";
 }
 
 fj::Value large_form(
     std::string const& type, std::vector<double> const& size, fj::Value data, fj::Object further)
 {
-    fj::Array extents(size.begin(), size.end());
     further["zqtype"] = fj::Value(type);
-    further["zqsize"] = fj::Value(std::move(extents));
+    further["zqsize"] = fj::Value(fj::Array(size.begin(), size.end()));
     further["zqdata"] = std::move(data);
     return fj::Value(std::move(further));
 }
@@ -42,11 +34,6 @@ std::vector<std::uint64_t> bits_of(std::vector<double> const& values)
     for (double value : values)
         bits.push_back(std::bit_cast<std::uint64_t>(value));
     return bits;
-}
-
-double signed_nan()
-{
-    return std::bit_cast<double>(0xFFF8000000000000ULL);
 }
 
 TEST_P(ReadsArray, WithItsDimensionsAndElements)

@@ -2,16 +2,14 @@
 #pragma once
 
 #include "expect_throw.hpp"
+#include "reading_paths.hpp"
 
 #include <foundation/json/value.hpp>
 #include <foundation/zorbaldata.hpp>
 #include <frontend/detail/parse_error.hpp>
 
+#include <bit>
 #include <cstdint>
-#include <limits>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace zq::test {
 
@@ -24,7 +22,7 @@ using Dims = std::vector<unsigned long>;
 inline double const inf = std::numeric_limits<double>::infinity();
 
 // The array that the JSON text describes, read by both roads.
-zd::Array read(std::string const& json);
+inline zd::Array read(std::string const& json) { return read_both_ways(json); }
 
 // The array of a value tree, for trees that JSON text cannot express.
 zd::Array read_tree(fj::Value const& value);
@@ -40,7 +38,7 @@ fj::Value large_form(
 std::vector<std::uint64_t> bits_of(std::vector<double> const& values);
 
 // Double quiet NaN with the sign bit set, as the notation's "NaN" reads.
-double signed_nan();
+inline double signed_nan() { return std::bit_cast<double>(0xFFF8000000000000ULL); }
 
 // The elements of an array of T in storage order, widened to double, complex ones as real part then
 // imaginary part; reading them as T fails for an array of another type.
@@ -96,12 +94,10 @@ inline FailureCase size_mismatch(char const* name, std::string json)
 
 // The name of a table row, for the test's name.
 template <typename Row>
-std::string row_name(::testing::TestParamInfo<Row> const& info)
-{
-    return info.param.name;
-}
+std::string row_name(::testing::TestParamInfo<Row> const& info) { return info.param.name; }
 
 inline std::string const floating_choices
-    = R"(. Expected a number or one of the following:"NaN", "Inf", "-Inf", {"zqdata":"NaN"}, {"zqdata":"Inf"}, {"zqdata":"-Inf"})";
+    = R"(. Expected a number or one of the following:"NaN", "Inf", "-Inf", {"zqdata":"NaN"}, )"
+      R"({"zqdata":"Inf"}, {"zqdata":"-Inf"})";
 
 } // namespace zq::test

@@ -11,13 +11,10 @@
 
 #include <bit>
 #include <complex>
-#include <exception>
 #include <map>
-#include <optional>
 #include <string_view>
 #include <typeinfo>
 #include <utility>
-#include <vector>
 
 namespace zq::test {
 
@@ -57,11 +54,7 @@ private:
     void bits(double value) { out_ += std::to_string(std::bit_cast<std::uint64_t>(value)) + ' '; }
     void bits(float value) { out_ += std::to_string(std::bit_cast<std::uint32_t>(value)) + ' '; }
     template <typename T>
-    void bits(std::complex<T> const& value)
-    {
-        bits(value.real());
-        bits(value.imag());
-    }
+    void bits(std::complex<T> const& value) { bits(value.real()), bits(value.imag()); }
 
     template <typename T, typename Range>
     void values(Range const& range)
@@ -123,7 +116,8 @@ zd::Array read_tree_road(std::string const& text, zd::ArrayFactory& factory)
     fj::TextPosition position = text.begin();
     fj::ParseResult const result = fj::parse_value(value, position, text.end(), 0);
     if (result != fj::ParseOk)
-        throw fj::ParserException(text.begin(), position, text.end(), result, fj::get_parse_result_description(result));
+        throw fj::ParserException(
+            text.begin(), position, text.end(), result, fj::get_parse_result_description(result));
     if (position != text.end())
         throw fj::ParserException(text.begin(), position, text.end(), fj::ParseOk, "Parse incomplete");
     return zd::json::json_to_zorbaldata(value, factory);
@@ -146,8 +140,9 @@ std::string describe(ReadingOutcome const& outcome)
     try {
         if (!outcome.array)
             std::rethrow_exception(outcome.failure);
-        return fingerprint + zd::json::zorbaldata_to_string(*outcome.array, foundation::zorbaljson::ToJsonMode::Large,
-                                 foundation::zorbaljson::NanType::Object, zd::ObjectFilter::AllowAll);
+        return fingerprint
+            + zd::json::zorbaldata_to_string(*outcome.array, foundation::zorbaljson::ToJsonMode::Large,
+                foundation::zorbaljson::NanType::Object, zd::ObjectFilter::AllowAll);
     } catch (std::exception const& e) {
         return fingerprint + typeid(e).name() + ": " + e.what();
     } catch (...) {
@@ -177,7 +172,9 @@ BothReadings read_by_both_roads(std::string const& text, zd::ArrayFactory& facto
 std::string shown(std::string const& text)
 {
     constexpr std::size_t longest = 300;
-    return text.size() <= longest ? text : text.substr(0, longest) + "... (" + std::to_string(text.size()) + " bytes)";
+    if (text.size() <= longest)
+        return text;
+    return text.substr(0, longest) + "... (" + std::to_string(text.size()) + " bytes)";
 }
 
 } // namespace zq::test

@@ -11,7 +11,8 @@
 
 namespace zq::test {
 
-foundation::zorbaldata::Array read_both_ways(std::string const& text, foundation::zorbaldata::ArrayFactory& factory)
+foundation::zorbaldata::Array read_both_ways(
+    std::string const& text, foundation::zorbaldata::ArrayFactory& factory)
 {
     BothReadings const readings = read_by_both_roads(text, factory);
     EXPECT_TRUE(readings.difference.empty()) << readings.difference << "text: " << shown(text);

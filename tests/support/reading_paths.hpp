@@ -14,7 +14,8 @@ namespace zq::test {
 /// handle), or the same exception class and text, and the same log lines in the same order. A
 /// difference is a test failure. The text road's lines reach the logger's sink as they would have.
 /// @throws what string_to_zorbaldata throws.
-foundation::zorbaldata::Array read_both_ways(std::string const& text, foundation::zorbaldata::ArrayFactory& factory);
+foundation::zorbaldata::Array read_both_ways(
+    std::string const& text, foundation::zorbaldata::ArrayFactory& factory);
 
 /// The same with a factory of its own.
 foundation::zorbaldata::Array read_both_ways(std::string const& text);

@@ -19,16 +19,17 @@ inline std::string writing_difference(foundation::zorbaldata::Array const& array
 {
     namespace zj = foundation::zorbaldata::json;
     // The text a road gave, or what it threw: no JSON text starts with "threw".
-    auto const outcome = [](auto const& write) -> std::string {
+    auto const got = [](auto const& write) -> std::string {
         try {
             return write();
         } catch (std::exception const& e) {
             return std::string("threw ") + typeid(e).name() + ": " + e.what();
         }
     };
-    std::string const tree = outcome(
-        [&] { return foundation::json::serialize(zj::zorbaldata_to_json(array, mode, nan, filter), indent); });
-    std::string const text = outcome([&] { return zj::zorbaldata_to_string(array, mode, nan, filter, indent); });
+    std::string const tree = got([&] {
+        return foundation::json::serialize(zj::zorbaldata_to_json(array, mode, nan, filter), indent);
+    });
+    std::string const text = got([&] { return zj::zorbaldata_to_string(array, mode, nan, filter, indent); });
     return tree == text ? std::string() : "through the tree: " + tree + "\nstraight: " + text;
 }
 
