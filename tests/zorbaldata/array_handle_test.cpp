@@ -141,6 +141,23 @@ TEST(ArrayHandle, DimensionsAreKeptAsGiven)
 
 TEST(ArrayHandle, ViewOfAnotherTypeIsRefused)
 {
+    // Messages name every type as getTypeName does.
+    for (int value = 1; value <= 38; ++value) {
+        auto const type = static_cast<ArrayType>(value);
+        if (std::string_view(typeNames[value]) == "unknown" || type == ArrayType::DOUBLE)
+            continue;
+        EXPECT_THROW_WHAT(TypedArray<double>{factory.createArray(type, {1, 1})}, ETypeMismatch,
+            std::string("Cannot view an array of ") + typeNames[value]
+                + " elements as an array of double elements.");
+    }
+    Array plain = factory.createScalar(1.0);
+    Array sparseArray = sparse<double>(ArrayType::SPARSE_DOUBLE, {0}, {0}, {1});
+    EXPECT_THROW_WHAT(detail::writablePlainElements(plain, ArrayType::CELL), ETypeMismatch,
+        "Elements of type cell are not one contiguous block.");
+    EXPECT_THROW_WHAT(detail::readOnlyElements(plain, ArrayType::DOUBLE), ETypeMismatch,
+        "Elements of type double are one contiguous block.");
+    EXPECT_THROW_WHAT(detail::writableElements(sparseArray, ArrayType::SPARSE_DOUBLE), ETypeMismatch,
+        "Elements of type sparse double cannot be written.");
     EXPECT_THROW_WHAT(TypedArray<double>{factory.createArray(ArrayType::CELL, {1, 1})}, ETypeMismatch,
         "Cannot view an array of cell elements as an array of double elements.");
     EXPECT_THROW_WHAT(getReadOnlyElements<int>(Array()), ETypeMismatch,

@@ -139,6 +139,8 @@ TEST(ValueObjectArray, RawOperationsCheckWhatTheyAreGiven)
     ValueObject const object = factory.createValueObject(classWith("pkg.Cls"));
     EXPECT_THROW_WHAT(object_set_value_x(cells[0].get(), object.get()), ETypeMismatch,
         "The reference names no element of a value object array.");
+    EXPECT_THROW_WHAT(handle_ref_set_value_x(cells[0].get(), nullptr), ETypeMismatch,
+        "The reference names no element of a handle array.");
     ValueObjectArray array = factory.createValueObjectArray({1, 1});
     zorbal::data::detail::RefCounted* const record = object_array_get_class_info_x(array);
     EXPECT_THROW_WHAT(object_set_value_x(array[0].get(), record), ETypeMismatch,
