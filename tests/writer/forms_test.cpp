@@ -168,4 +168,25 @@ TEST(Writer, Forms)
         EXPECT_EQ(write(c.array, c.mode, c.nan), c.expected) << "row " << &c - forms;
 }
 
+// Each unit that takes more than a copy, at every place of a short text, and pairs and lone surrogates
+// on both sides of the 1024-unit blocks the text output encodes at a time: the same text as the tree.
+TEST(Writer, TextUnitsTakingMoreThanACopy)
+{
+    std::u16string const specials[] = {u"\"", u"\\", u"\x01", u"\x1f", u"\x7f", u"\u00e9", u"\u07ff",
+        u"\u0800", u"\u20ac", u"\U0001F600", u"\xd800", u"\xdc00", u"\xdc00\xd800", u"\xdbff\xdbff"};
+    std::vector<std::u16string> texts;
+    for (auto const& special : specials)
+        for (std::size_t at = 0; at <= 9; ++at)
+            texts.push_back(std::u16string(9, u'a').insert(at, special));
+    for (std::size_t before : {1021, 1022, 1023, 1024})
+        for (auto const* tail : {u"\U0001F600b", u"\xd800" u"b", u"\xdc00", u"\"\u00e9"})
+            texts.push_back(std::u16string(before, u'a') + tail);
+    using zq::test::same_on_both_roads;
+    for (auto const& text : texts) {
+        EXPECT_TRUE(same_on_both_roads(charRow(text), Small, String, zd::ObjectFilter::AllowAll));
+        EXPECT_TRUE(same_on_both_roads(strings({1, 1}, {Text(text)}), Large, Object, zd::ObjectFilter::AllowAll,
+            2));
+    }
+}
+
 } // namespace

@@ -1,12 +1,99 @@
 // The output of the writers that appends JSON text to one string.
 #include <foundation/zorbaldata/json/detail/text_output.hpp>
 
-#include <foundation/zorbaldata/json/detail/utf16_to_utf8.hpp>
-
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <numeric>
 
 namespace foundation::zorbaldata::json::detail {
+
+namespace {
+
+namespace text = foundation::json::detail;
+
+// Four code units are tested and narrowed at once: ASCII text is the common case, and it is copied a
+// word at a time.
+constexpr std::uint64_t lanes(std::uint64_t unit) { return unit * 0x0001000100010001u; }
+constexpr std::uint64_t lane_tops = lanes(0x8000);
+
+// Whether some 16-bit lane of a word whose lanes are all below 0x8000 is below n.
+constexpr bool some_lane_below(std::uint64_t word, std::uint64_t n)
+{
+    return ((word - lanes(n)) & ~word & lane_tops) != 0;
+}
+
+// Whether none of four units needs more than a copy of its low byte: all are ASCII, and none is a
+// control character, the quote or the backslash.
+constexpr bool plain_units(std::uint64_t word)
+{
+    return (word & lanes(0xFF80)) == 0 && !some_lane_below(word, 0x20)
+        && !some_lane_below(word ^ lanes('"'), 1) && !some_lane_below(word ^ lanes('\\'), 1);
+}
+
+// Copies the units from in up to the first that needs more than a copy, or to stop, and returns where
+// it stopped.
+char16_t const* plain_run(char16_t const* in, char16_t const* stop, char*& out)
+{
+    if constexpr (std::endian::native == std::endian::little) {
+        while (stop - in >= 4) {
+            std::uint64_t word;
+            std::memcpy(&word, in, sizeof word);
+            if (!plain_units(word))
+                break;
+            word = (word | (word >> 8)) & 0x0000FFFF0000FFFFu;
+            auto const bytes = static_cast<std::uint32_t>(word | (word >> 16));
+            std::memcpy(out, &bytes, sizeof bytes);
+            out += 4;
+            in += 4;
+        }
+    }
+    for (; in < stop; ++in) {
+        if (*in >= 0x80 || text::bytes_to_escape[*in])
+            break;
+        *out++ = static_cast<char>(*in);
+    }
+    return in;
+}
+
+// Writes the unit at in, which needs an escape or more than one byte, and returns the unit after it.
+// The text is what the serializer gives for the UTF-8 of the units: a pair in four bytes; a lone high
+// surrogate in its three bytes, which read back as it; a lone low surrogate escaped.
+char16_t const* put_special(char16_t const* in, char16_t const* end, char*& out)
+{
+    char32_t const unit = *in;
+    if (unit < 0x80) {
+        out += text::format_escape(out, static_cast<unsigned char>(unit));
+        return in + 1;
+    }
+    if (unit < 0x800) {
+        *out++ = static_cast<char>(0xC0 | (unit >> 6));
+        *out++ = static_cast<char>(0x80 | (unit & 0x3F));
+        return in + 1;
+    }
+    bool const high = unit >= 0xD800 && unit < 0xDC00;
+    if (high && end - in > 1 && in[1] >= 0xDC00 && in[1] < 0xE000) {
+        char32_t const code = 0x10000 + ((unit - 0xD800) << 10) + (in[1] - 0xDC00u);
+        out[0] = static_cast<char>(0xF0 | (code >> 18));
+        out[1] = static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+        out[2] = static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+        out[3] = static_cast<char>(0x80 | (code & 0x3F));
+        out += 4;
+        return in + 2;
+    }
+    if (unit >= 0xDC00 && unit < 0xE000) {
+        text::format_unicode_escape(out, unit);
+        out += 6;
+        return in + 1;
+    }
+    *out++ = static_cast<char>(0xE0 | (unit >> 12));
+    *out++ = static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+    *out++ = static_cast<char>(0x80 | (unit & 0x3F));
+    return in + 1;
+}
+
+} // namespace
 
 void text_output::begin_object(bool noted)
 {
@@ -108,28 +195,22 @@ void text_output::rollback(mark_type const& mark)
 
 void text_output::string(std::u16string_view utf16)
 {
-    // Plain ASCII, the common text, is escaped from the code units directly, without a UTF-8 copy; a
-    // unit beyond ASCII sends the whole text back to the one conversion, from where it began.
     separate();
-    std::size_t const start = used_;
     put('"');
-    // An escape is at most six bytes; room is asked for a block at a time, so a long text needs no more
-    // than its own length beyond what is written.
+    // A unit takes at most six bytes (an escape); room is asked for a block at a time, so a long text
+    // needs no more than its own length beyond what is written. A pair may end past its block: its
+    // four bytes fit in the six asked for its first unit.
     constexpr std::size_t block = 1024;
-    for (std::size_t at = 0; at < utf16.size(); at += block) {
-        std::u16string_view const part = utf16.substr(at, block);
-        char* out = room(6 * part.size());
-        for (char16_t const unit : part) {
-            if (unit >= 0x80) {
-                used_ = start;
-                append_string(utf16_to_utf8(utf16));
-                return;
-            }
-            auto const byte = static_cast<unsigned char>(unit);
-            if (foundation::json::detail::bytes_to_escape[byte])
-                out += foundation::json::detail::format_escape(out, byte);
-            else
-                *out++ = static_cast<char>(byte);
+    char16_t const* in = utf16.data();
+    char16_t const* const end = in + utf16.size();
+    while (in < end) {
+        std::size_t const units = std::min(block, static_cast<std::size_t>(end - in));
+        char* out = room(6 * units);
+        char16_t const* const stop = in + units;
+        while (in < stop) {
+            in = plain_run(in, stop, out);
+            if (in < stop)
+                in = put_special(in, end, out);
         }
         used_ = static_cast<std::size_t>(out - text_.data());
     }

@@ -1,8 +1,6 @@
 // The output of the writers that builds a JSON value tree.
 #include <foundation/zorbaldata/json/detail/tree_output.hpp>
 
-#include <foundation/zorbaldata/json/detail/utf16_to_utf8.hpp>
-
 #include <utility>
 
 namespace foundation::zorbaldata::json::detail {

@@ -3,7 +3,6 @@
 
 #include <foundation/zorbaldata/json/detail/dimensions.hpp>
 #include <foundation/zorbaldata/json/detail/large_form.hpp>
-#include <foundation/zorbaldata/json/detail/utf16_to_utf8.hpp>
 #include <foundation/zorbaldata/json/to_json_modes.hpp>
 
 #include <string>
@@ -15,12 +14,12 @@ namespace foundation::zorbaldata::json::detail {
 /// ToJsonMode::Small a 1-by-N row (N at least 1) and the 0-by-0 array are a bare JSON string; every
 /// other array takes the large form, whose zqdata holds exactly one string, whatever the size, with no
 /// count check.
-/// @throws as utf16_to_utf8, before anything else; std::runtime_error "Must have at least two
+/// @throws what preparing the text for the output throws, before anything else; std::runtime_error "Must have at least two
 /// dimensions" for fewer than two dimensions.
 template <zorbaljson::ToJsonMode Mode, typename Out>
 void write_char(Out& out, Dimensions const& dimensions, std::u16string_view units)
 {
-    std::string const text = utf16_to_utf8(units);
+    auto const text = Out::prepared(units);
     if constexpr (Mode == zorbaljson::ToJsonMode::Small) {
         require_two_dimensions(dimensions);
         // 1-by-0 is no row: it keeps the large form, which tells its size.

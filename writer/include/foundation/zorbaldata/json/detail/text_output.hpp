@@ -50,9 +50,11 @@ public:
         separate();
         append_string(utf8);
     }
-    /// The UTF-16 text as a JSON string.
-    /// @throws as utf16_to_utf8.
+    /// The UTF-16 text as a JSON string, encoded and escaped in one pass: the same bytes as the
+    /// serializer gives for utf16_to_utf8 of the text.
     void string(std::u16string_view utf16);
+    /// What string(std::u16string_view) takes: the text as it is, for it needs no conversion first.
+    static std::u16string_view prepared(std::u16string_view utf16) noexcept { return utf16; }
 
     /// Cuts the text to what was written; the output is not to be used after.
     void finish() { text_.resize(used_); }

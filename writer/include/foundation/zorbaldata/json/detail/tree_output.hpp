@@ -2,6 +2,7 @@
 #pragma once
 
 #include <foundation/zorbaldata/json/detail/json_types.hpp>
+#include <foundation/zorbaldata/json/detail/utf16_to_utf8.hpp>
 
 #include <cstddef>
 #include <string>
@@ -30,6 +31,9 @@ public:
     void string(std::string_view utf8) { place(JsonValue(utf8)); }
     /// @throws as utf16_to_utf8.
     void string(std::u16string_view utf16);
+    /// The text converted to UTF-8, so that a writer can convert before it writes anything.
+    /// @throws as utf16_to_utf8.
+    static std::string prepared(std::u16string_view utf16) { return utf16_to_utf8(utf16); }
 
     /// Where the output stands, to go back to with rollback.
     using mark_type = std::size_t;
