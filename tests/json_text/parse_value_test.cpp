@@ -80,6 +80,7 @@ TEST(ParseValue, CommentsUnderFlagBitZero)
         {"BlockClosesOnlyAfterItsOpening", "[1/*/ ]", UnexpectedEnd, 7},
         {"UnclosedLineComment", "[1 // ]", UnexpectedEnd, 7},
         {"SlashThatOpensNothing", "[1 /x]", ExpectedArrayEnd, 3},
+        {"CommentsAndSpaceAlternate", "[1 /* a */ // b\n /**/ ,2]", ParseOk, 25},
     };
     expect_stops(cases, fj::allow_comments);
 }

@@ -138,9 +138,10 @@ INSTANTIATE_TEST_SUITE_P(Numeric, FailsFirst, ::testing::ValuesIn(failures), row
 TEST(NumericReader, KeepsEveryDigitOfSixtyFourBitIntegers)
 {
     zd::TypedArray<long long> const signed_array(
-        read(lf("int64", "[1,2]", "[-9223372036854775808,9223372036854775807]")));
+        read(lf("int64", "[1,3]", "[-9223372036854775808,-9223372036854775807,9223372036854775807]")));
     EXPECT_EQ(signed_array[0], std::numeric_limits<long long>::min());
-    EXPECT_EQ(signed_array[1], std::numeric_limits<long long>::max());
+    EXPECT_EQ(signed_array[1], std::numeric_limits<long long>::min() + 1);
+    EXPECT_EQ(signed_array[2], std::numeric_limits<long long>::max());
     zd::TypedArray<unsigned long long> const unsigned_array(
         read(lf("uint64", "[1,1]", "[18446744073709551615]")));
     EXPECT_EQ(unsigned_array[0], std::numeric_limits<unsigned long long>::max());
