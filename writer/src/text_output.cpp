@@ -1,6 +1,8 @@
 // The output of the writers that appends JSON text to one string.
 #include <foundation/zorbaldata/json/detail/text_output.hpp>
 
+#include <foundation/json/detail/utf8.hpp>
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -58,39 +60,22 @@ char16_t const* plain_run(char16_t const* in, char16_t const* stop, char*& out)
 }
 
 // Writes the unit at in, which needs an escape or more than one byte, and returns the unit after it.
-// The text is what the serializer gives for the UTF-8 of the units: a pair in four bytes; a lone high
-// surrogate in its three bytes, which read back as it; a lone low surrogate escaped.
+// The text is what the serializer gives for the UTF-8 of the units: a control character, the quote and
+// the backslash escaped; a lone low surrogate escaped too, as the serializer escapes its three bytes;
+// anything else in UTF-8, a lone high surrogate in its three bytes, which read back as it.
 char16_t const* put_special(char16_t const* in, char16_t const* end, char*& out)
 {
-    char32_t const unit = *in;
+    char16_t const unit = *in;
     if (unit < 0x80) {
         out += text::format_escape(out, static_cast<unsigned char>(unit));
         return in + 1;
-    }
-    if (unit < 0x800) {
-        *out++ = static_cast<char>(0xC0 | (unit >> 6));
-        *out++ = static_cast<char>(0x80 | (unit & 0x3F));
-        return in + 1;
-    }
-    bool const high = unit >= 0xD800 && unit < 0xDC00;
-    if (high && end - in > 1 && in[1] >= 0xDC00 && in[1] < 0xE000) {
-        char32_t const code = 0x10000 + ((unit - 0xD800) << 10) + (in[1] - 0xDC00u);
-        out[0] = static_cast<char>(0xF0 | (code >> 18));
-        out[1] = static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-        out[2] = static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out[3] = static_cast<char>(0x80 | (code & 0x3F));
-        out += 4;
-        return in + 2;
     }
     if (unit >= 0xDC00 && unit < 0xE000) {
         text::format_unicode_escape(out, unit);
         out += 6;
         return in + 1;
     }
-    *out++ = static_cast<char>(0xE0 | (unit >> 12));
-    *out++ = static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
-    *out++ = static_cast<char>(0x80 | (unit & 0x3F));
-    return in + 1;
+    return text::encode_utf8(in, end, out);
 }
 
 } // namespace

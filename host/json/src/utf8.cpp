@@ -13,30 +13,12 @@ std::string u16_to_u8(char16_t const* units, int count)
     std::string text;
     if (count <= 0)
         return text;
-    text.reserve(static_cast<std::size_t>(count) * 3);
-    auto const put = [&text](unsigned byte) { text.push_back(static_cast<char>(byte)); };
-    for (int i = 0; i < count; ++i) {
-        char32_t const unit = units[i];
-        if (unit < 0x80) {
-            put(unit);
-        } else if (unit < 0x800) {
-            put(0xC0 | (unit >> 6));
-            put(0x80 | (unit & 0x3F));
-        } else if (unit >= 0xD800 && unit < 0xDC00 && i + 1 < count && units[i + 1] >= 0xDC00 &&
-                   units[i + 1] < 0xE000) {
-            char32_t const code_point = 0x10000 + ((unit - 0xD800) << 10) + (units[i + 1] - 0xDC00);
-            ++i;
-            put(0xF0 | (code_point >> 18));
-            put(0x80 | ((code_point >> 12) & 0x3F));
-            put(0x80 | ((code_point >> 6) & 0x3F));
-            put(0x80 | (code_point & 0x3F));
-        } else {
-            // Unpaired surrogates too: their three-byte form keeps them distinct and reversible.
-            put(0xE0 | (unit >> 12));
-            put(0x80 | ((unit >> 6) & 0x3F));
-            put(0x80 | (unit & 0x3F));
-        }
-    }
+    // Three bytes a unit at most: a pair takes four for two.
+    text.resize(static_cast<std::size_t>(count) * 3);
+    char* out = text.data();
+    for (char16_t const *in = units, *const end = units + count; in != end;)
+        in = encode_utf8(in, end, out);
+    text.resize(static_cast<std::size_t>(out - text.data()));
     return text;
 }
 

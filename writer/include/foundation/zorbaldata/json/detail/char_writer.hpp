@@ -14,8 +14,8 @@ namespace foundation::zorbaldata::json::detail {
 /// ToJsonMode::Small a 1-by-N row (N at least 1) and the 0-by-0 array are a bare JSON string; every
 /// other array takes the large form, whose zqdata holds exactly one string, whatever the size, with no
 /// count check.
-/// @throws what preparing the text for the output throws, before anything else; std::runtime_error "Must have at least two
-/// dimensions" for fewer than two dimensions.
+/// @throws what preparing the text for the output throws, before anything else; std::runtime_error
+/// "Must have at least two dimensions" for fewer than two dimensions.
 template <zorbaljson::ToJsonMode Mode, typename Out>
 void write_char(Out& out, Dimensions const& dimensions, std::u16string_view units)
 {
